@@ -1,0 +1,11 @@
+option(RASTERPLANWRITER_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
+
+# Warnings of our own targets; a host that adds us with add_subdirectory keeps its own.
+function(rasterplanwriter_warnings target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  endif()
+  set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ${RASTERPLANWRITER_WARNINGS_AS_ERRORS})
+endfunction()
