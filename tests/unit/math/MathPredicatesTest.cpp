@@ -1,0 +1,74 @@
+#include "math/MathPredicates.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace rasterplan;
+
+namespace {
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double pi = 3.141592653589793;
+
+/// In the xy plane, at an angle in degrees from the x axis.
+MathVector3d direction(double degrees) {
+    return {std::cos(degrees * pi / 180), std::sin(degrees * pi / 180), 0};
+}
+
+} // namespace
+
+TEST(MathPredicates, ZeroVectorReachesUpToTheTolerance) {
+    EXPECT_TRUE(isZeroVector({0, 0, 0}));
+    EXPECT_TRUE(isZeroVector({0, 1e-10, 0}));
+    EXPECT_FALSE(isZeroVector({0, 1.0000001e-10, 0}));
+    EXPECT_TRUE(isZeroVector({0, 3, 4}, MathTol(0, 0, 5)));
+    EXPECT_FALSE(isZeroVector({0, 3, 4}, MathTol(9, 9, 4.9)));
+}
+
+TEST(MathPredicates, RightAnglesArePerpendicular) {
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, {0, 0, 7}));
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, {0, 1e-11, 1}));
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, {1e-11, 1, 0}));
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, direction(90)));
+}
+
+TEST(MathPredicates, OtherAnglesAreNotPerpendicular) {
+    EXPECT_FALSE(isPerpendicular({1, 0, 0}, direction(89.99999)));
+    EXPECT_FALSE(isPerpendicular({-1, 0, 0}, direction(89.99999)));
+    EXPECT_FALSE(isPerpendicular({1, 0, 0}, {1, 0, 0}));
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, direction(89.99999), MathTol(0, 0, 1e-6)));
+}
+
+TEST(MathPredicates, PerpendicularityDoesNotDependOnLength) {
+    EXPECT_FALSE(isPerpendicular({1e-6, 0, 0}, {1e-6, 1e-3, 0}));
+    EXPECT_TRUE(isPerpendicular({1e6, 0, 0}, {1e-5, 1e6, 0}));
+}
+
+TEST(MathPredicates, ZeroVectorsHaveNoDirection) {
+    EXPECT_FALSE(isPerpendicular({1e-10, 0, 0}, {0, 1, 0}));
+    EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, 1e-10, 0}));
+    EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, 0, 0}, MathTol(0, 0, 0)));
+    EXPECT_FALSE(isParallel({0, 0, 0}, {1, 0, 0}));
+    EXPECT_FALSE(isParallel({1, 0, 0}, {1e-11, 0, 0}));
+}
+
+TEST(MathPredicates, WhatIsNotFiniteHasNoDirection) {
+    for (const double value : {noNumber, infinity, -infinity}) {
+        EXPECT_FALSE(isPerpendicular({value, 0, 0}, {0, 1, 0})) << value;
+        EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, value, 0})) << value;
+        EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, 1, value})) << value;
+        EXPECT_FALSE(isParallel({value, 0, 0}, {1, 0, 0})) << value;
+        EXPECT_FALSE(isParallel({1, 0, 0}, {value, 0, 0})) << value;
+    }
+}
+
+TEST(MathPredicates, ParallelVectorsMayPointOppositeWays) {
+    EXPECT_TRUE(isParallel({0, 0, 2}, {0, 0, 5}));
+    EXPECT_TRUE(isParallel({0, 0, 2}, {0, 0, -5}));
+    EXPECT_TRUE(isParallel({0, 0, 1}, {0, 0.9e-10, 1}));
+    EXPECT_FALSE(isParallel({0, 0, 1}, {0, 1.1e-10, 1}));
+    EXPECT_FALSE(isParallel({0, 0, 1}, {0, 1, 0}));
+}
