@@ -1,0 +1,114 @@
+#pragma once
+
+#include <RasterPlanWriter/Export.h>
+#include <RasterPlanWriter/ImageParam.h>
+#include <RasterPlanWriter/TripleDouble.h>
+
+#include <cstdint>
+
+/// Collects ortho images and writes them as one text DXF drawing (AutoCAD 2010, AC1024).
+///
+/// Use one object per output file. A second write on the same object does not repeat the drawing: it contains
+/// the records of both writes, and an image added after a write makes every later write fail with DxfFailure.
+///
+/// The DXF template "PrepImageAbschnitte_2010.template" must lie in the folder of the library file.
+///
+/// Which calls can throw: the constructors (std::bad_alloc), and add, create2DDxf and create3DDxf where their
+/// comments say so. Results 1 to 6 report everything else.
+///
+/// An object is used by one thread at a time; different objects share nothing, copies of one object share
+/// everything.
+class RASTERPLANWRITER_API RasterPlanWriter {
+public:
+    /// Outcome of every operation.
+    enum ErrorEnum : std::int32_t {
+        /// The operation completed. For a write: the whole template was copied; a full disk is not noticed.
+        Success = 0,
+        /// No image has been added yet.
+        NoImage = 1,
+        /// The image is not a rectangle with two sides (add), or the images have no common plane
+        /// (calcMiddledImagePlaneReferenceCoordSystem3D). Nothing was added or written.
+        InvalidGeometry = 2,
+        /// The output file could not be opened for writing.
+        CannotOpenOutput = 3,
+        /// There is no readable template beside the library. The output file has been emptied.
+        CannotOpenTemplate = 4,
+        /// The drawing could not be completed: a 3D drawing without images, a template with an unknown
+        /// placeholder or a line of more than 511 characters, an image added after a write. What was written
+        /// so
+        /// far is not a usable drawing.
+        DxfFailure = 5,
+        /// Out of memory, a failure of the system's file functions, or a facade that was moved from.
+        UnexpectedFailure = 6
+    };
+
+    /// A drawing to be written to "test.dxf" in the current directory. Throws std::bad_alloc.
+    RasterPlanWriter();
+
+    /// A drawing to be written to `outPath`, which is copied. Nothing is opened yet; a null pointer counts as
+    /// an empty path, which no write can open. Throws std::bad_alloc.
+    explicit RasterPlanWriter(const wchar_t* outPath);
+
+    /// Both objects share one drawing afterwards; the last of them frees it. Never throws.
+    RasterPlanWriter(const RasterPlanWriter& other) noexcept;
+
+    /// `other` is left without a drawing and answers UnexpectedFailure. Never throws.
+    RasterPlanWriter(RasterPlanWriter&& other) noexcept;
+
+    /// As the copy constructor, after giving up the own drawing. Never throws.
+    RasterPlanWriter& operator=(const RasterPlanWriter& other) noexcept;
+
+    /// As the move constructor, after giving up the own drawing. Never throws.
+    RasterPlanWriter& operator=(RasterPlanWriter&& other) noexcept;
+
+    ~RasterPlanWriter();
+
+    /// Adds one image with its frame: four edges and two short marks at its left-bottom corner.
+    ///
+    /// Returns Success; InvalidGeometry when a side is not longer than 1e-10 drawing units, when the edges
+    /// are not perpendicular (cosine of their angle above 0.001) or when a coordinate is NaN or infinite, and
+    /// then nothing is added; DxfFailure or UnexpectedFailure when the work stopped half-way. Throws an
+    /// exception derived from std::exception when the image's own coordinate frame is singular.
+    ErrorEnum add(const ImageParam& image);
+
+    /// Proposes a plane for create2DDxf: parallel to the mean of the image planes, with the mean U direction
+    /// as x axis, and with the corner furthest to the left in it as origin.
+    ///
+    /// origin: a point in drawing units. xAxis: a unit vector. yAxis: perpendicular to xAxis in the plane;
+    /// its length is the sine of the angle between the plane's normal and the x axis, 1 when all images are
+    /// parallel.
+    ///
+    /// Returns Success; NoImage; InvalidGeometry when the normals or the U vectors cancel out. On every
+    /// result but Success the three arguments are left as they were. Throws an exception derived from
+    /// std::exception when the plane's frame is singular.
+    ErrorEnum calcMiddledImagePlaneReferenceCoordSystem3D(TripleDouble& origin, TripleDouble& xAxis,
+                                                          TripleDouble& yAxis) const;
+
+    /// Writes the drawing flattened: the plane's axes become the drawing's x and y, and y is lifted by
+    /// origin.z, so that y reads as height where yAxis points upwards.
+    ///
+    /// origin is a point in drawing units; xAxis and yAxis are directions of any length except zero.
+    ///
+    /// Returns Success, NoImage (nothing is opened then), CannotOpenOutput, CannotOpenTemplate, DxfFailure or
+    /// UnexpectedFailure. Throws an exception derived from std::exception when an axis is zero or both axes
+    /// are the same coordinate direction; nothing has been opened then. The object's own drawing is not
+    /// changed.
+    ErrorEnum create2DDxf(const TripleDouble& origin, const TripleDouble& xAxis, const TripleDouble& yAxis);
+
+    /// Writes the drawing with every image where it lies in space.
+    ///
+    /// Returns Success, CannotOpenOutput, CannotOpenTemplate, DxfFailure (also when no image was added) or
+    /// UnexpectedFailure. Throws an exception derived from std::exception when a path holds a character
+    /// beyond U+10FFFF or a coordinate cannot be read back as a number.
+    ErrorEnum create3DDxf();
+
+private:
+    struct Implementation;
+    Implementation* m_implementation;
+};
+
+/// Returns 42. Tells a host that the library is loaded and callable. Never throws.
+RASTERPLANWRITER_API int fnRasterPlanWriter();
+
+/// A spare variable, 0 at start. The library neither reads nor writes it.
+extern RASTERPLANWRITER_API int nRasterPlanWriter;

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "template/OutputBuffer.h"
+#include "template/SectionTable.h"
+#include "template/SectionValue.h"
+#include "template/SlotArray.h"
+
+#include <memory_resource>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace rasterplan {
+
+/// One generated DXF record: a line per placeholder, in order. A section holds only what differs from the
+/// table of its class; the classes derived from it add nothing but their table and their first values, so
+/// that a section of any class is kept as a DxfSection.
+class DxfSection {
+public:
+    /// A record without lines; addPlaceholder gives it some.
+    DxfSection() noexcept;
+
+    /// A record with the lines of `table`, followed by those of its entry table `entries` times (none below
+    /// 1). The table must outlive the section.
+    explicit DxfSection(const SectionTable& table, std::int32_t entries = 0) noexcept;
+
+    ~DxfSection();
+
+    DxfSection(DxfSection&& other) noexcept;
+    DxfSection& operator=(DxfSection&& other) noexcept;
+
+    /// Takes memory for values from `memory`, which must outlive this object, if no value has been set yet.
+    void takeMemoryFrom(std::pmr::memory_resource& memory) noexcept { m_values.takeMemoryFrom(memory); }
+
+    /// Appends a line. A key that the section already has keeps its first value and gets a second line of it.
+    /// Throws std::bad_alloc.
+    void addPlaceholder(std::wstring_view key, std::wstring_view value);
+
+    /// Sets the value of a line; false, and nothing is changed, when no line has this key. Throws
+    /// std::bad_alloc.
+    bool setPlaceholderValue(const Placeholder& placeholder, const SectionValue& value) {
+        const std::optional<std::uint32_t> slot = knownSlot(placeholder);
+        if (!slot)
+            return findAndSet(placeholder, value);
+        m_values.set(*slot, value);
+        return true;
+    }
+
+    /// The value of a line as text, empty when no line has this key. Throws std::bad_alloc.
+    std::wstring getPlaceholderValue(const Placeholder& placeholder) const;
+
+    /// Whether getPlaceholderValue would give a text that is not empty. Throws std::bad_alloc.
+    bool hasPlaceholderValue(const Placeholder& placeholder) const;
+
+    /// The number that the value's text reads as. Throws std::invalid_argument ("invalid stod argument") when
+    /// it is no number, or empty, and std::out_of_range ("stod argument out of range") when it is no double.
+    double getPlaceholderNumber(const Placeholder& placeholder) const;
+
+    /// The values of all lines, each ended by a line feed. Throws std::bad_alloc.
+    std::wstring render() const;
+
+    /// Appends the same text to `out` as UTF-8 with CR LF line ends. Throws std::range_error when a value
+    /// holds a character beyond U+10FFFF.
+    void render(OutputBuffer& out) const;
+
+private:
+    struct OwnTable;
+
+    struct Line {
+        const SectionRow* row;
+        std::uint32_t entry;               ///< Number of the entry that it stands in, or 0.
+        std::optional<std::uint32_t> slot; ///< Where its value is, if it is open.
+    };
+
+    std::uint32_t entries() const noexcept {
+        return m_table->entry ? (m_values.count() - m_table->slots) / m_table->entry->slots : 0;
+    }
+
+    /// The slot of a placeholder that knows its place in this section's table.
+    std::optional<std::uint32_t> knownSlot(const Placeholder& placeholder) const noexcept {
+        const auto entry = static_cast<std::uint32_t>(placeholder.entry);
+        const SectionTable* const table = entry == 0 ? m_table : m_table->entry;
+        if (!table || placeholder.place >= table->openRows.size() || (entry != 0 && entry > entries()))
+            return std::nullopt;
+        const OpenRow& open = table->openRows[placeholder.place];
+        if (table->rows[open.row].key.data() != placeholder.key.data())
+            return std::nullopt;
+        return entry == 0 ? open.slot : m_table->slots + (entry - 1) * table->slots + open.slot;
+    }
+    template <typename Visitor>
+    void forEachLine(const Visitor& visit) const;
+    bool findAndSet(const Placeholder& placeholder, const SectionValue& value);
+    std::optional<Line> find(const Placeholder& placeholder) const;
+    SectionValue valueOf(const Line& line) const noexcept;
+    template <typename Sink>
+    void renderInto(Sink& sink) const;
+
+    OwnTable& ownTable();
+
+    const SectionTable* m_table; ///< Owned where it is an OwnTable: the lines are not those of a class.
+    SlotArray m_values;
+};
+
+} // namespace rasterplan

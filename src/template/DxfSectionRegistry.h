@@ -1,0 +1,89 @@
+#pragma once
+
+#include "template/DxfSection.h"
+#include "template/OutputBuffer.h"
+#include "template/SectionKey.h"
+#include "template/TopLevelKey.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <memory_resource>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rasterplan {
+
+/// Stores the sections of a document under their keys, numbers them, hands out handles and expands the
+/// template's placeholder lines. Nothing is ever taken out: a second document continues numbers and handles.
+class DxfSectionRegistry {
+public:
+    DxfSectionRegistry();
+    ~DxfSectionRegistry();
+
+    DxfSectionRegistry(const DxfSectionRegistry&) = delete;
+    DxfSectionRegistry& operator=(const DxfSectionRegistry&) = delete;
+
+    /// The section filed under `key`, or null. It stays where it is as long as the registry lives.
+    DxfSection* findSection(SectionKey key) noexcept { return const_cast<DxfSection*>(find(key)); }
+
+    /// The next handle number. The first is 126 (7E): lower ones belong to the template's own records.
+    std::int32_t nextHandle() noexcept { return ++m_lastHandle; }
+
+    /// The next numbered key of a top-level key, from 1.
+    SectionKey makeInstanceKey(TopLevelKey key) noexcept;
+
+    /// The numbered keys made so far, ascending, or the key itself when there is none. Throws std::bad_alloc.
+    std::vector<SectionKey> instanceKeys(TopLevelKey key) const;
+
+    /// Files a section, or that there is none, under a valid key whose number, if any, makeInstanceKey has
+    /// given. A key that is taken keeps what it has. Throws std::bad_alloc.
+    void fileSection(SectionKey key, DxfSection section);
+    void fileSection(SectionKey key, std::nullopt_t);
+
+    /// Sets a value in the section filed under `key`; false, and nothing is changed, without such a section
+    /// or such a line in it. Throws std::bad_alloc.
+    bool setSectionValue(SectionKey key, const Placeholder& placeholder, const SectionValue& value);
+
+    /// A value of the section filed under `key` as text, empty without such a section or such a line in it.
+    /// Throws DxfError when the key is filed without a section.
+    std::wstring getSectionValue(SectionKey key, const Placeholder& placeholder) const;
+
+    /// Whether the same text is not empty. Throws as getSectionValue does.
+    bool hasSectionValue(SectionKey key, const Placeholder& placeholder) const;
+
+    /// The number that the same text reads as. Throws as getSectionValue and DxfSection::getPlaceholderNumber
+    /// do.
+    double getSectionNumber(SectionKey key, const Placeholder& placeholder) const;
+
+    /// The text of all sections filed for a line of the template, in ascending number; empty when the line is
+    /// no top-level key or nothing is filed for it. Throws std::bad_alloc.
+    std::wstring renderPlaceholder(std::wstring_view line) const;
+
+    /// Appends the same text to `out`, as DxfSection::render does. Throws std::range_error as that.
+    void renderPlaceholder(std::wstring_view line, OutputBuffer& out) const;
+
+private:
+    /// What is filed for one top-level key.
+    struct Group {
+        std::optional<DxfSection> unnumbered;
+        std::deque<DxfSection> numbered; ///< Number n at index n - 1; without lines where none is filed.
+        std::int32_t lastNumber = 0;
+    };
+
+    const Group& groupOf(SectionKey key) const noexcept;
+    const DxfSection* find(SectionKey key) const noexcept;
+    const DxfSection* findForReading(SectionKey key) const;
+    bool isFiledWithoutSection(SectionKey key) const noexcept;
+    template <typename Visitor>
+    void forEachSection(std::wstring_view line, const Visitor& visit) const;
+
+    std::pmr::monotonic_buffer_resource m_memory; ///< Of all values: they are freed together.
+    std::array<Group, topLevelKeyTexts.size()> m_groups;
+    std::vector<SectionKey> m_filedWithoutSection;
+    std::int32_t m_lastHandle = 125;
+};
+
+} // namespace rasterplan
