@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace rasterplan {
+
+/// The last component of a path, stem and extension. Both '/' and '\' separate and a drive such as "D:" is
+/// not part of the name, on every system alike, because a drawing is opened on another one. Empty behind a
+/// trailing separator.
+constexpr std::wstring_view fileNameOf(std::wstring_view path) noexcept {
+    const auto isLetter = [](wchar_t c) { return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z'); };
+    if (path.size() >= 2 && path[1] == L':' && isLetter(path[0]))
+        path.remove_prefix(2);
+    return path.substr(path.find_last_of(L"/\\") + 1);
+}
+
+} // namespace rasterplan
