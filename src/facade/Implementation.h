@@ -1,0 +1,17 @@
+#pragma once
+
+#include "dxf/Drawing.h"
+#include "template/DxfSectionRegistry.h"
+
+#include <RasterPlanWriter/RasterPlanWriter.h>
+
+#include <atomic>
+#include <string>
+
+/// What a facade and its copies share.
+struct RasterPlanWriter::Implementation {
+    rasterplan::Drawing drawing;
+    rasterplan::DxfSectionRegistry registry;
+    std::wstring outputPath;
+    std::atomic<int> facades{1};
+};
