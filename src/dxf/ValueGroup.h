@@ -9,11 +9,11 @@ namespace rasterplan {
 class ValueGroup {
 public:
     ValueGroup(DxfSectionRegistry& registry, SectionKey section) noexcept
-        : m_section(registry.findSection(section)) {}
+        : m_filed(registry.findSection(section)) {}
 
     /// Writes one value. Throws std::bad_alloc.
     ValueGroup& set(const Placeholder& placeholder, const SectionValue& value) {
-        m_complete &= m_section && m_section->setPlaceholderValue(placeholder, value);
+        m_complete &= m_filed.section && m_filed.section->setPlaceholderValue(m_filed.at(placeholder), value);
         return *this;
     }
 
@@ -24,7 +24,7 @@ public:
     }
 
 private:
-    DxfSection* m_section;
+    FiledSection m_filed;
     bool m_complete = true;
 };
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <deque>
 #include <memory>
 #include <utility>
@@ -19,61 +20,65 @@ using Kind = SectionValue::Kind;
 constexpr SectionTable emptyTable{};
 
 /// The text of a key in the entry of a number; 0 is no entry.
-std::wstring numberedKey(std::wstring_view key, std::uint32_t entry) {
+std::wstring numberedKey(std::wstring_view key, std::int32_t entry) {
     std::wstring text(key);
     return entry == 0 ? text : text + std::to_wstring(entry);
 }
 
-/// Writes a value that is not a text to `out`, which has room for fixedTextCapacity characters.
-char* writeNumber(const SectionValue& value, char* out) noexcept {
-    switch (value.kind()) {
-    case Kind::real:
-        return ZelkBase::formatFixed17(value.real(), out);
-    case Kind::integer:
-        return ZelkBase::formatInteger(value.integer(), out);
-    case Kind::handle:
-        return value.handle() == Handle{} ? out : ZelkBase::formatHandle(value.handle().number, out);
-    case Kind::text:
-    case Kind::unset:
-        break;
-    }
-    return out;
-}
-
 /// Takes a record as a wide text with plain line feeds.
-struct WideSink {
-    std::wstring text;
-
+class WideSink {
+public:
     void constant(std::string_view bytes) {
         for (const char c : bytes)
             if (c != '\r')
-                text += static_cast<wchar_t>(c);
+                m_text += static_cast<wchar_t>(c);
     }
-    void value(const SectionValue& value, std::string_view valueInTable) {
-        std::array<char, ZelkBase::fixedTextCapacity> number;
-        if (value.kind() == Kind::text)
-            text += value.text();
-        else if (value.kind() == Kind::unset)
-            constant(valueInTable);
-        else
-            text.append(number.data(), writeNumber(value, number.data()));
+    void text(std::wstring_view text) { m_text += text; }
+    template <typename Format>
+    void number(const Format& format) {
+        std::array<char, ZelkBase::fixedTextCapacity> digits;
+        m_text.append(digits.data(), format(digits.data()));
     }
+    std::wstring take() { return std::move(m_text); }
+
+private:
+    std::wstring m_text;
 };
 
 /// Takes a record as the bytes of a file.
-struct ByteSink {
-    OutputBuffer& out;
+class ByteSink {
+public:
+    explicit ByteSink(OutputBuffer& out)
+        : m_out(out) {}
 
-    void constant(std::string_view bytes) { out.append(bytes); }
-    void value(const SectionValue& value, std::string_view valueInTable) {
-        if (value.kind() == Kind::text)
-            out.appendText(value.text());
-        else if (value.kind() == Kind::unset)
-            out.append(valueInTable);
-        else
-            out.commit(writeNumber(value, out.reserve(ZelkBase::fixedTextCapacity)));
+    void constant(std::string_view bytes) { m_out.append(bytes); }
+    void text(std::wstring_view text) { m_out.appendText(text); }
+    template <typename Format>
+    void number(const Format& format) {
+        m_out.commit(format(m_out.reserve(ZelkBase::fixedTextCapacity)));
     }
+
+private:
+    OutputBuffer& m_out;
 };
+
+template <typename Sink>
+void write(Sink& sink, const SectionValue& value, std::string_view valueInTable) {
+    switch (value.kind()) {
+    case Kind::real:
+        return sink.number([&](char* out) { return ZelkBase::formatFixed17(value.real(), out); });
+    case Kind::integer:
+        return sink.number([&](char* out) { return ZelkBase::formatInteger(value.integer(), out); });
+    case Kind::handle:
+        if (value.handle() == Handle{})
+            return;
+        return sink.number([&](char* out) { return ZelkBase::formatHandle(value.handle().number, out); });
+    case Kind::text:
+        return sink.text(value.text());
+    case Kind::unset:
+        return sink.constant(valueInTable);
+    }
+}
 
 } // namespace
 
@@ -110,8 +115,9 @@ DxfSection::DxfSection() noexcept
 
 DxfSection::DxfSection(const SectionTable& table, std::int32_t entries) noexcept
     : m_table(&table)
-    , m_values(table.slots +
-               (table.entry && entries > 0 ? static_cast<std::uint32_t>(entries) * table.entry->slots : 0)) {}
+    , m_entryTable(table.entry)
+    , m_entries(table.entry && entries > 0 ? entries : 0)
+    , m_values(firstSlotOf(m_entries) + (m_entries == 0 ? table : *table.entry).slots) {}
 
 DxfSection::~DxfSection() {
     if (m_table->isOwn)
@@ -120,25 +126,39 @@ DxfSection::~DxfSection() {
 
 DxfSection::DxfSection(DxfSection&& other) noexcept
     : m_table(std::exchange(other.m_table, &emptyTable))
+    , m_entryTable(std::exchange(other.m_entryTable, nullptr))
+    , m_entries(std::exchange(other.m_entries, 0))
     , m_values(std::move(other.m_values)) {}
 
 DxfSection& DxfSection::operator=(DxfSection&& other) noexcept {
     std::swap(m_table, other.m_table);
-    m_values = std::move(other.m_values);
+    std::swap(m_entryTable, other.m_entryTable);
+    std::swap(m_entries, other.m_entries);
+    std::swap(m_values, other.m_values);
     return *this;
+}
+
+void DxfSection::appendEntry(const DxfSection& section) {
+    assert(section.m_entries == 0 && !section.m_table->isOwn);
+    assert(m_entries == 0 || m_entryTable == section.m_table);
+    m_entryTable = section.m_table;
+    ++m_entries;
+    m_values.grow(section.m_values.count());
+    for (std::size_t slot = 0; slot < section.m_values.count(); ++slot) {
+        const SectionValue value = section.m_values.get(slot);
+        if (value.kind() != Kind::unset)
+            m_values.set(firstSlotOf(m_entries) + slot, value);
+    }
 }
 
 void DxfSection::addPlaceholder(std::wstring_view key, std::wstring_view value) {
     OwnTable& table = ownTable();
     const bool isNew = !find(key);
     table.add(key, {});
-    if (!isNew)
-        return;
-    SlotArray values(table.slots);
-    for (std::uint32_t slot = 0; slot < m_values.count(); ++slot)
-        values.set(slot, m_values.get(slot));
-    values.set(values.count() - 1, value);
-    m_values = std::move(values);
+    if (isNew) {
+        m_values.grow(1);
+        m_values.set(m_values.count() - 1, value);
+    }
 }
 
 bool DxfSection::findAndSet(const Placeholder& placeholder, const SectionValue& value) {
@@ -156,8 +176,8 @@ bool DxfSection::findAndSet(const Placeholder& placeholder, const SectionValue& 
 std::wstring DxfSection::getPlaceholderValue(const Placeholder& placeholder) const {
     WideSink sink;
     if (const auto line = find(placeholder))
-        sink.value(valueOf(*line), line->row->value);
-    return sink.text;
+        write(sink, valueOf(*line), line->row->value);
+    return sink.take();
 }
 
 bool DxfSection::hasPlaceholderValue(const Placeholder& placeholder) const {
@@ -176,52 +196,48 @@ double DxfSection::getPlaceholderNumber(const Placeholder& placeholder) const {
 std::wstring DxfSection::render() const {
     WideSink sink;
     renderInto(sink);
-    return sink.text;
+    return sink.take();
 }
 
 void DxfSection::render(OutputBuffer& out) const {
-    ByteSink sink{out};
+    ByteSink sink(out);
     renderInto(sink);
 }
 
 template <typename Sink>
 void DxfSection::renderInto(Sink& sink) const {
-    std::uint32_t firstSlot = 0;
-    const auto renderTable = [&](const SectionTable& table) {
+    const auto renderTable = [&](const SectionTable& table, std::size_t firstSlot) {
         std::size_t textBegin = 0;
         for (const OpenRow& open : table.openRows) {
             sink.constant(table.text.substr(textBegin, open.textEnd - textBegin));
-            sink.value(m_values.get(firstSlot + open.slot), table.rows[open.row].value);
+            write(sink, m_values.get(firstSlot + open.slot), table.rows[open.row].value);
             textBegin = open.textEnd;
         }
         sink.constant(table.text.substr(textBegin));
-        firstSlot += table.slots;
     };
-    renderTable(*m_table);
-    for (std::uint32_t i = 0; i < entries(); ++i)
-        renderTable(*m_table->entry);
+    renderTable(*m_table, 0);
+    for (std::int32_t entry = 1; entry <= m_entries; ++entry)
+        renderTable(*m_entryTable, firstSlotOf(entry));
 }
 
 template <typename Visitor>
 void DxfSection::forEachLine(const Visitor& visit) const {
-    std::uint32_t firstSlot = 0;
-    const auto visitTable = [&](const SectionTable& table, std::uint32_t entry) {
+    const auto visitTable = [&](const SectionTable& table, std::int32_t entry) {
         auto open = table.openRows.begin();
         for (std::uint32_t i = 0; i < table.rows.size(); ++i) {
             Line line{&table.rows[i], entry, std::nullopt};
             if (open != table.openRows.end() && open->row == i)
-                line.slot = firstSlot + (open++)->slot;
+                line.slot = firstSlotOf(entry) + (open++)->slot;
             visit(line);
         }
-        firstSlot += table.slots;
     };
     visitTable(*m_table, 0);
-    for (std::uint32_t entry = 1; entry <= entries(); ++entry)
-        visitTable(*m_table->entry, entry);
+    for (std::int32_t entry = 1; entry <= m_entries; ++entry)
+        visitTable(*m_entryTable, entry);
 }
 
 std::optional<DxfSection::Line> DxfSection::find(const Placeholder& placeholder) const {
-    const std::wstring text = numberedKey(placeholder.key, static_cast<std::uint32_t>(placeholder.entry));
+    const std::wstring text = numberedKey(placeholder.key, placeholder.entry);
     std::optional<Line> found;
     forEachLine([&](const Line& line) {
         if (!found && text.starts_with(line.row->key) && text == numberedKey(line.row->key, line.entry))
@@ -240,9 +256,11 @@ DxfSection::OwnTable& DxfSection::ownTable() {
     auto own = std::make_unique<OwnTable>();
     forEachLine([&](const Line& line) { own->add(numberedKey(line.row->key, line.entry), line.row->value); });
     SlotArray values(own->slots);
-    std::uint32_t row = 0;
+    std::size_t row = 0;
     forEachLine([&](const Line& line) { values.set(own->openRows[row++].slot, valueOf(line)); });
     m_values = std::move(values);
+    m_entryTable = nullptr;
+    m_entries = 0;
     m_table = own.get();
     return *own.release();
 }

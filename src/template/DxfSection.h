@@ -5,7 +5,7 @@
 #include "template/SectionValue.h"
 #include "template/SlotArray.h"
 
-#include <memory_resource>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,8 +13,10 @@
 namespace rasterplan {
 
 /// One generated DXF record: a line per placeholder, in order. A section holds only what differs from the
-/// table of its class; the classes derived from it add nothing but their table and their first values, so
-/// that a section of any class is kept as a DxfSection.
+/// table of its class; the classes derived from it add nothing but their table and their first values.
+///
+/// Lines that repeat are entries: each has the lines of one table, with a number behind the keys. So an image
+/// dictionary holds its images, and so the registry keeps the many sections of one class: as entries of one.
 class DxfSection {
 public:
     /// A record without lines; addPlaceholder gives it some.
@@ -29,8 +31,12 @@ public:
     DxfSection(DxfSection&& other) noexcept;
     DxfSection& operator=(DxfSection&& other) noexcept;
 
-    /// Takes memory for values from `memory`, which must outlive this object, if no value has been set yet.
-    void takeMemoryFrom(std::pmr::memory_resource& memory) noexcept { m_values.takeMemoryFrom(memory); }
+    /// Appends a section without entries as the next entry. All entries of a section are of one class, with a
+    /// table of its own none can be. Throws std::bad_alloc if a value of it is set.
+    void appendEntry(const DxfSection& section);
+
+    /// Number of entries.
+    std::int32_t entries() const noexcept { return m_entries; }
 
     /// Appends a line. A key that the section already has keeps its first value and gets a second line of it.
     /// Throws std::bad_alloc.
@@ -39,7 +45,7 @@ public:
     /// Sets the value of a line; false, and nothing is changed, when no line has this key. Throws
     /// std::bad_alloc.
     bool setPlaceholderValue(const Placeholder& placeholder, const SectionValue& value) {
-        const std::optional<std::uint32_t> slot = knownSlot(placeholder);
+        const std::optional<std::size_t> slot = knownSlot(placeholder);
         if (!slot)
             return findAndSet(placeholder, value);
         m_values.set(*slot, value);
@@ -68,24 +74,26 @@ private:
 
     struct Line {
         const SectionRow* row;
-        std::uint32_t entry;               ///< Number of the entry that it stands in, or 0.
-        std::optional<std::uint32_t> slot; ///< Where its value is, if it is open.
+        std::int32_t entry;              ///< Number of the entry that it stands in, or 0.
+        std::optional<std::size_t> slot; ///< Where its value is, if it is open.
     };
 
-    std::uint32_t entries() const noexcept {
-        return m_table->entry ? (m_values.count() - m_table->slots) / m_table->entry->slots : 0;
+    /// Index of the first value of an entry; 0 stands for the lines before the entries.
+    std::size_t firstSlotOf(std::int32_t entry) const noexcept {
+        return entry == 0 ? 0 : m_table->slots + static_cast<std::size_t>(entry - 1) * m_entryTable->slots;
     }
 
     /// The slot of a placeholder that knows its place in this section's table.
-    std::optional<std::uint32_t> knownSlot(const Placeholder& placeholder) const noexcept {
-        const auto entry = static_cast<std::uint32_t>(placeholder.entry);
-        const SectionTable* const table = entry == 0 ? m_table : m_table->entry;
-        if (!table || placeholder.place >= table->openRows.size() || (entry != 0 && entry > entries()))
+    std::optional<std::size_t> knownSlot(const Placeholder& placeholder) const noexcept {
+        if (placeholder.entry > m_entries)
             return std::nullopt;
-        const OpenRow& open = table->openRows[placeholder.place];
-        if (table->rows[open.row].key.data() != placeholder.key.data())
+        const SectionTable& table = placeholder.entry == 0 ? *m_table : *m_entryTable;
+        if (placeholder.place >= table.openRows.size())
             return std::nullopt;
-        return entry == 0 ? open.slot : m_table->slots + (entry - 1) * table->slots + open.slot;
+        const OpenRow& open = table.openRows[placeholder.place];
+        if (table.rows[open.row].key.data() != placeholder.key.data())
+            return std::nullopt;
+        return firstSlotOf(placeholder.entry) + open.slot;
     }
     template <typename Visitor>
     void forEachLine(const Visitor& visit) const;
@@ -97,7 +105,9 @@ private:
 
     OwnTable& ownTable();
 
-    const SectionTable* m_table; ///< Owned where it is an OwnTable: the lines are not those of a class.
+    const SectionTable* m_table;      ///< Owned where it is an OwnTable: the lines are not those of a class.
+    const SectionTable* m_entryTable; ///< Null where nothing repeats.
+    std::int32_t m_entries;
     SlotArray m_values;
 };
 

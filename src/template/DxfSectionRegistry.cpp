@@ -26,86 +26,76 @@ std::vector<SectionKey> DxfSectionRegistry::instanceKeys(TopLevelKey key) const 
 
 void DxfSectionRegistry::fileSection(SectionKey key, DxfSection section) {
     assert(key.isValid());
-    Group& group = m_groups[static_cast<std::size_t>(key.topLevelKey())];
-    assert(key.number() <= group.lastNumber);
-    if (find(key) || isFiledWithoutSection(key))
+    if (find(key).section || isFiledWithoutSection(key))
         return;
-    section.takeMemoryFrom(m_memory);
+    Group& group = m_groups[static_cast<std::size_t>(key.topLevelKey())];
     if (key.number() == 0) {
         group.unnumbered = std::move(section);
         return;
     }
-    group.numbered.resize(static_cast<std::size_t>(key.number() - 1));
-    group.numbered.push_back(std::move(section));
+    assert(key.number() == group.numbered.entries() + 1 && key.number() <= group.lastNumber);
+    group.numbered.appendEntry(section);
 }
 
 void DxfSectionRegistry::fileSection(SectionKey key, std::nullopt_t) {
-    if (!find(key) && !isFiledWithoutSection(key))
+    if (!find(key).section && !isFiledWithoutSection(key))
         m_filedWithoutSection.push_back(key);
 }
 
 bool DxfSectionRegistry::setSectionValue(SectionKey key, const Placeholder& placeholder,
                                          const SectionValue& value) {
-    DxfSection* const section = findSection(key);
-    return section && section->setPlaceholderValue(placeholder, value);
+    const FiledSection found = findSection(key);
+    return found.section && found.section->setPlaceholderValue(found.at(placeholder), value);
 }
 
 std::wstring DxfSectionRegistry::getSectionValue(SectionKey key, const Placeholder& placeholder) const {
-    const DxfSection* const section = findForReading(key);
-    return section ? section->getPlaceholderValue(placeholder) : std::wstring();
+    const Filed<const DxfSection> found = findForReading(key);
+    return found.section ? found.section->getPlaceholderValue(found.at(placeholder)) : std::wstring();
 }
 
 bool DxfSectionRegistry::hasSectionValue(SectionKey key, const Placeholder& placeholder) const {
-    const DxfSection* const section = findForReading(key);
-    return section && section->hasPlaceholderValue(placeholder);
+    const Filed<const DxfSection> found = findForReading(key);
+    return found.section && found.section->hasPlaceholderValue(found.at(placeholder));
 }
 
 double DxfSectionRegistry::getSectionNumber(SectionKey key, const Placeholder& placeholder) const {
-    const DxfSection* const section = findForReading(key);
-    return section ? section->getPlaceholderNumber(placeholder)
-                   : DxfSection().getPlaceholderNumber(placeholder);
+    const Filed<const DxfSection> found = findForReading(key);
+    return found.section ? found.section->getPlaceholderNumber(found.at(placeholder))
+                         : DxfSection().getPlaceholderNumber(placeholder);
 }
 
 std::wstring DxfSectionRegistry::renderPlaceholder(std::wstring_view line) const {
-    std::wstring text;
-    forEachSection(line, [&](const DxfSection& section) { text += section.render(); });
-    return text;
+    const DxfSection* const section = sectionToRender(line);
+    return section ? section->render() : std::wstring();
 }
 
 void DxfSectionRegistry::renderPlaceholder(std::wstring_view line, OutputBuffer& out) const {
-    forEachSection(line, [&](const DxfSection& section) { section.render(out); });
+    if (const DxfSection* const section = sectionToRender(line))
+        section->render(out);
 }
 
-template <typename Visitor>
-void DxfSectionRegistry::forEachSection(std::wstring_view line, const Visitor& visit) const {
+const DxfSection* DxfSectionRegistry::sectionToRender(std::wstring_view line) const noexcept {
     const auto key = findTopLevelKey(line);
     if (!key)
-        return;
+        return nullptr;
     const Group& group = groupOf(*key);
-    if (group.lastNumber == 0) {
-        if (group.unnumbered)
-            visit(*group.unnumbered);
-        return;
-    }
-    for (const DxfSection& section : group.numbered)
-        visit(section);
+    return group.lastNumber == 0 ? find(*key).section : &group.numbered;
 }
 
 const DxfSectionRegistry::Group& DxfSectionRegistry::groupOf(SectionKey key) const noexcept {
     return m_groups[static_cast<std::size_t>(key.topLevelKey())];
 }
 
-const DxfSection* DxfSectionRegistry::find(SectionKey key) const noexcept {
+Filed<const DxfSection> DxfSectionRegistry::find(SectionKey key) const noexcept {
     if (!key.isValid())
-        return nullptr;
+        return {};
     const Group& group = groupOf(key);
     if (key.number() == 0)
-        return group.unnumbered ? &*group.unnumbered : nullptr;
-    const auto index = static_cast<std::size_t>(key.number() - 1);
-    return index < group.numbered.size() ? &group.numbered[index] : nullptr;
+        return {group.unnumbered ? &*group.unnumbered : nullptr, 0};
+    return {key.number() <= group.numbered.entries() ? &group.numbered : nullptr, key.number()};
 }
 
-const DxfSection* DxfSectionRegistry::findForReading(SectionKey key) const {
+Filed<const DxfSection> DxfSectionRegistry::findForReading(SectionKey key) const {
     if (isFiledWithoutSection(key))
         throw DxfError(L"Section NUll pointer");
     return find(key);

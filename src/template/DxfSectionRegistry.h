@@ -7,14 +7,26 @@
 
 #include <array>
 #include <cstdint>
-#include <deque>
-#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace rasterplan {
+
+/// A section as the registry keeps it: by itself, or as an entry (from 1) of the one that holds all of its
+/// class. Null stands for none.
+template <typename Section>
+struct Filed {
+    Section* section = nullptr;
+    std::int32_t entry = 0;
+
+    /// Where a placeholder of the filed section is found.
+    Placeholder at(const Placeholder& placeholder) const noexcept {
+        return entry == 0 ? placeholder : placeholder.inEntry(entry);
+    }
+};
+using FiledSection = Filed<DxfSection>;
 
 /// Stores the sections of a document under their keys, numbers them, hands out handles and expands the
 /// template's placeholder lines. Nothing is ever taken out: a second document continues numbers and handles.
@@ -26,8 +38,11 @@ public:
     DxfSectionRegistry(const DxfSectionRegistry&) = delete;
     DxfSectionRegistry& operator=(const DxfSectionRegistry&) = delete;
 
-    /// The section filed under `key`, or null. It stays where it is as long as the registry lives.
-    DxfSection* findSection(SectionKey key) noexcept { return const_cast<DxfSection*>(find(key)); }
+    /// The section filed under `key`, or none. It stays valid as long as the registry lives.
+    FiledSection findSection(SectionKey key) noexcept {
+        const auto [section, entry] = find(key);
+        return {const_cast<DxfSection*>(section), entry};
+    }
 
     /// The next handle number. The first is 126 (7E): lower ones belong to the template's own records.
     std::int32_t nextHandle() noexcept { return ++m_lastHandle; }
@@ -38,9 +53,12 @@ public:
     /// The numbered keys made so far, ascending, or the key itself when there is none. Throws std::bad_alloc.
     std::vector<SectionKey> instanceKeys(TopLevelKey key) const;
 
-    /// Files a section, or that there is none, under a valid key whose number, if any, makeInstanceKey has
-    /// given. A key that is taken keeps what it has. Throws std::bad_alloc.
+    /// Files a section under a valid key. A key that is taken keeps what it has. The sections of a numbered
+    /// key are of one class and are filed in the order in which makeInstanceKey gave the numbers. Throws
+    /// std::bad_alloc.
     void fileSection(SectionKey key, DxfSection section);
+
+    /// Files that there is no section under a key.
     void fileSection(SectionKey key, std::nullopt_t);
 
     /// Sets a value in the section filed under `key`; false, and nothing is changed, without such a section
@@ -69,18 +87,16 @@ private:
     /// What is filed for one top-level key.
     struct Group {
         std::optional<DxfSection> unnumbered;
-        std::deque<DxfSection> numbered; ///< Number n at index n - 1; without lines where none is filed.
+        DxfSection numbered; ///< Its entries are the numbered sections.
         std::int32_t lastNumber = 0;
     };
 
     const Group& groupOf(SectionKey key) const noexcept;
-    const DxfSection* find(SectionKey key) const noexcept;
-    const DxfSection* findForReading(SectionKey key) const;
+    Filed<const DxfSection> find(SectionKey key) const noexcept;
+    Filed<const DxfSection> findForReading(SectionKey key) const;
     bool isFiledWithoutSection(SectionKey key) const noexcept;
-    template <typename Visitor>
-    void forEachSection(std::wstring_view line, const Visitor& visit) const;
+    const DxfSection* sectionToRender(std::wstring_view line) const noexcept;
 
-    std::pmr::monotonic_buffer_resource m_memory; ///< Of all values: they are freed together.
     std::array<Group, topLevelKeyTexts.size()> m_groups;
     std::vector<SectionKey> m_filedWithoutSection;
     std::int32_t m_lastHandle = 125;

@@ -2,9 +2,6 @@
 
 #include "base/Utf8.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace rasterplan {
 
 OutputBuffer::OutputBuffer(std::FILE* file)
@@ -15,13 +12,11 @@ OutputBuffer::~OutputBuffer() {
     flush();
 }
 
-void OutputBuffer::append(std::string_view bytes) {
+void OutputBuffer::appendLong(std::string_view bytes) {
     while (!bytes.empty()) {
-        const std::size_t size = std::min(bytes.size(), blockSize);
-        char* const end = reserve(size);
-        std::memcpy(end, bytes.data(), size);
-        commit(end + size);
-        bytes.remove_prefix(size);
+        const std::string_view part = bytes.substr(0, blockSize);
+        append(part);
+        bytes.remove_prefix(part.size());
     }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -25,7 +25,13 @@ public:
     OutputBuffer& operator=(const OutputBuffer&) = delete;
 
     /// Appends bytes as they are.
-    void append(std::string_view bytes);
+    void append(std::string_view bytes) {
+        if (bytes.size() > blockSize)
+            return appendLong(bytes);
+        char* const end = reserve(bytes.size());
+        std::memcpy(end, bytes.data(), bytes.size());
+        commit(end + bytes.size());
+    }
 
     /// Appends text as UTF-8, each line feed as CR LF. Throws std::range_error for a character beyond
     /// U+10FFFF.
@@ -44,6 +50,7 @@ public:
     std::uint64_t count() const noexcept { return m_flushed + m_size; }
 
 private:
+    void appendLong(std::string_view bytes);
     void flush();
 
     std::FILE* m_file;

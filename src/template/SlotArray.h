@@ -5,34 +5,43 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <memory_resource>
+#include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace rasterplan {
 
-/// The values of a section that differ from its table: nine bytes each, in one block of memory that is taken
-/// when the first value is set, because a drawing holds some seventy values per image.
+/// Values in a row, nine bytes each, because a drawing holds some seventy per image. Memory is taken when the
+/// first value is set, for as many as there are by then.
 class SlotArray {
 public:
     /// `count` values, all unset.
-    explicit SlotArray(std::uint32_t count = 0) noexcept
+    explicit SlotArray(std::size_t count = 0) noexcept
         : m_count(count) {}
-    ~SlotArray();
 
-    SlotArray(SlotArray&& other) noexcept;
-    SlotArray& operator=(SlotArray&& other) noexcept;
+    /// Leaves `other` without values.
+    SlotArray(SlotArray&& other) noexcept
+        : m_count(std::exchange(other.m_count, 0))
+        , m_memory(std::move(other.m_memory)) {}
+    SlotArray& operator=(SlotArray&& other) noexcept {
+        m_count = std::exchange(other.m_count, 0);
+        m_memory = std::move(other.m_memory);
+        return *this;
+    }
 
-    /// Takes memory from `memory`, which must outlive this object, if no value has been set yet.
-    void takeMemoryFrom(std::pmr::memory_resource& memory) noexcept;
+    std::size_t count() const noexcept { return m_count; }
 
-    std::uint32_t count() const noexcept { return m_count; }
+    /// Appends `count` unset values.
+    void grow(std::size_t count) noexcept { m_count += count; }
 
-    /// The value of a slot below count(); a text is viewed and lives until the slot is set anew.
-    SectionValue get(std::uint32_t slot) const noexcept {
-        if (!m_payloads)
+    /// The value of a slot below count(); a text is viewed and lives until another is set.
+    SectionValue get(std::size_t slot) const noexcept {
+        if (!m_memory || slot >= m_memory->kinds.size())
             return {};
-        const std::uint64_t payload = m_payloads[slot];
-        switch (kinds()[slot]) {
+        const std::uint64_t payload = m_memory->payloads[slot];
+        switch (m_memory->kinds[slot]) {
         case Kind::real:
             return std::bit_cast<double>(payload);
         case Kind::integer:
@@ -40,45 +49,33 @@ public:
         case Kind::handle:
             return Handle{integerIn(payload)};
         case Kind::text:
-            return std::wstring_view(textIn(payload)->characters(), textIn(payload)->length);
+            return std::wstring_view(m_memory->characters)
+                .substr(payload >> lengthBits, payload & longestText);
         case Kind::unset:
             break;
         }
         return {};
     }
 
-    /// Sets a slot below count(); a text is copied. Throws std::bad_alloc, and the slot is then as it was.
-    void set(std::uint32_t slot, const SectionValue& value) {
-        if (!m_payloads)
-            takeBlock();
-        const std::uint64_t payload = payloadOf(value);
-        dropText(slot);
-        m_payloads[slot] = payload;
-        kinds()[slot] = value.kind();
-        m_mayHoldText |= value.kind() == Kind::text;
+    /// Sets a slot below count(); a text is copied. Throws std::bad_alloc, and std::length_error for a text
+    /// of 2^24 characters or more; the slot is then as it was.
+    void set(std::size_t slot, const SectionValue& value) {
+        if (!m_memory || slot >= m_memory->kinds.size())
+            takeMemory();
+        m_memory->payloads[slot] = payloadOf(value);
+        m_memory->kinds[slot] = value.kind();
     }
 
 private:
     using Kind = SectionValue::Kind;
 
-    /// A text in its slot: its length, and behind it the characters.
-    struct Text {
-        std::size_t length;
+    /// A text's payload is its place among the characters and its length.
+    static constexpr int lengthBits = 24;
+    static constexpr std::uint64_t longestText = (std::uint64_t{1} << lengthBits) - 1;
 
-        static std::size_t sizeOf(std::size_t length) noexcept {
-            return sizeof(Text) + length * sizeof(wchar_t);
-        }
-        wchar_t* characters() noexcept { return reinterpret_cast<wchar_t*>(this + 1); }
-    };
-    static Text* textIn(std::uint64_t payload) noexcept {
-        return reinterpret_cast<Text*>(static_cast<std::uintptr_t>(payload));
-    }
     static std::int32_t integerIn(std::uint64_t payload) noexcept {
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(payload));
     }
-
-    std::size_t blockSize() const noexcept { return m_count * (sizeof(std::uint64_t) + sizeof(Kind)); }
-    Kind* kinds() const noexcept { return reinterpret_cast<Kind*>(m_payloads + m_count); }
     std::uint64_t payloadOf(const SectionValue& value) {
         switch (value.kind()) {
         case Kind::real:
@@ -88,25 +85,23 @@ private:
         case Kind::handle:
             return static_cast<std::uint32_t>(value.handle().number);
         case Kind::text:
-            return reinterpret_cast<std::uintptr_t>(copyOf(value.text()));
+            return append(value.text());
         case Kind::unset:
             break;
         }
         return 0;
     }
-    void dropText(std::uint32_t slot) noexcept {
-        if (kinds()[slot] == Kind::text)
-            free(textIn(m_payloads[slot]));
-    }
-    void takeBlock();
-    Text* copyOf(std::wstring_view characters);
-    void free(Text* text) noexcept;
+    std::uint64_t append(std::wstring_view text);
+    void takeMemory();
 
-    std::pmr::memory_resource* m_memory = std::pmr::new_delete_resource();
-    std::uint64_t* m_payloads =
-        nullptr; ///< The payloads, and behind them the kinds; null while nothing is set.
-    std::uint32_t m_count;
-    bool m_mayHoldText = false;
+    struct Memory {
+        std::vector<std::uint64_t> payloads;
+        std::vector<Kind> kinds;
+        std::wstring characters; ///< Of all texts; one that is set anew leaves its old characters behind.
+    };
+
+    std::size_t m_count;
+    std::unique_ptr<Memory> m_memory; ///< Null while nothing is set: most arrays live only to be appended.
 };
 
 } // namespace rasterplan

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <exception>
-#include <limits>
 #include <string>
 #include <type_traits>
 
@@ -57,7 +56,7 @@ TEST(Error, CopyingNeverThrows) {
 }
 
 TEST(Error, MessageThatIsNoUnicodeStillHasAWhat) {
-    if (std::numeric_limits<wchar_t>::max() <= 0xFFFF)
+    if (sizeof(wchar_t) == 2)
         GTEST_SKIP() << "every wide character converts here";
     const std::wstring message(1, static_cast<wchar_t>(0x110000));
     const Error error{Text(message)};

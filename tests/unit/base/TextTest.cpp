@@ -106,7 +106,7 @@ TEST(Text, AssignmentToItselfKeepsTheTextAndDropsTheConvertedForm) {
 }
 
 TEST(Text, WhatIsNoCharacterDoesNotConvert) {
-    if (std::numeric_limits<wchar_t>::max() <= 0xFFFF)
+    if (sizeof(wchar_t) == 2)
         GTEST_SKIP() << "every wide character converts here";
     const Text text(std::wstring(1, static_cast<wchar_t>(0x110000)));
     EXPECT_THROW(text.utf8(), std::range_error);
