@@ -32,7 +32,7 @@ Text format(const Text& format, std::initializer_list<Text> arguments) {
             at += 2;
             continue;
         }
-        const auto number = static_cast<std::size_t>(tens * 10 + ones);
+        const std::size_t number = 10 * static_cast<std::size_t>(tens) + static_cast<std::size_t>(ones);
         if (number < 1 || number > arguments.size())
             throw Error(L"Format string has invalid list of arguments");
         result += text.substr(copied, at - copied);

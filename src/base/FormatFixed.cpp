@@ -26,8 +26,8 @@ constexpr auto digitPairs = [] {
 
 /// Writes a number below 10^8 with leading zeros.
 void writeEightDigits(std::uint32_t number, char* out) noexcept {
-    const std::uint32_t high = number / 10'000;
-    const std::uint32_t low = number % 10'000;
+    const std::size_t high = number / 10'000;
+    const std::size_t low = number % 10'000;
     std::memcpy(out, &digitPairs[2 * (high / 100)], 2);
     std::memcpy(out + 2, &digitPairs[2 * (high % 100)], 2);
     std::memcpy(out + 4, &digitPairs[2 * (low / 100)], 2);

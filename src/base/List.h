@@ -89,14 +89,10 @@ public:
 };
 
 /// A list that holds its elements itself, a block of them at a time, and deletes them when it is destroyed.
-/// It is moved, not copied.
+/// A copy of it has copies.
 template <typename T>
 class OwningList : public BasicList<T, std::optional<T>> {
 public:
-    OwningList() = default;
-    OwningList(OwningList&&) = default;
-    OwningList& operator=(OwningList&&) = default;
-
     /// Appends an element made from `arguments`. Throws std::bad_alloc and what its constructor throws;
     /// nothing is appended then.
     template <typename... Arguments>

@@ -33,7 +33,7 @@ std::filesystem::path mappedFile(std::uintptr_t address) {
 std::filesystem::path modulePath() {
     const auto address = reinterpret_cast<std::uintptr_t>(&modulePath);
     Dl_info module{};
-    if (dladdr(reinterpret_cast<const void*>(address), &module) != 0 && module.dli_fname &&
+    if (dladdr(reinterpret_cast<const void*>(&modulePath), &module) != 0 && module.dli_fname &&
         module.dli_fname[0] == '/')
         return module.dli_fname;
     return mappedFile(address);

@@ -91,6 +91,7 @@ struct DxfSection::OwnTable : SectionTable {
         for (const OpenRow& open : ownOpenRows)
             if (ownRows[open.row].key == key) {
                 slot = open.slot;
+                value = ownRows[open.row].value;
                 break;
             }
         ownOpenRows.push_back(
