@@ -20,7 +20,7 @@ ReferencePlane middledImagePlane(const Drawing& drawing) {
 
     MathVector3d normalSum;
     for (const DxfImageObj& image : drawing.images)
-        normalSum = normalSum + image.getImagePlane().normal();
+        normalSum = normalSum + image.getImagePlane().normal().normalized();
     const MathVector3d normal = (normalSum / count).normalized();
 
     // Relative to the first corner, so that survey coordinates lose no digits.

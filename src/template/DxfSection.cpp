@@ -3,6 +3,7 @@
 #include "base/FormatFixed.h"
 #include "base/HandleText.h"
 #include "base/ParseNumber.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -201,6 +202,12 @@ std::wstring DxfSection::render() const {
 }
 
 void DxfSection::render(OutputBuffer& out) const {
+    // A text that cannot be written is found before anything of the record is.
+    m_values.forEachText([](std::wstring_view text) {
+        std::array<char, ZelkBase::utf8Capacity> bytes;
+        for (const wchar_t c : text)
+            ZelkBase::encodeUtf8(c, bytes.data());
+    });
     ByteSink sink(out);
     renderInto(sink);
 }

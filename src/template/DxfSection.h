@@ -66,7 +66,7 @@ public:
     std::wstring render() const;
 
     /// Appends the same text to `out` as UTF-8 with CR LF line ends. Throws std::range_error when a value
-    /// holds a character beyond U+10FFFF.
+    /// holds a character beyond U+10FFFF; nothing is appended then.
     void render(OutputBuffer& out) const;
 
 private:

@@ -66,6 +66,16 @@ public:
         m_memory->kinds[slot] = value.kind();
     }
 
+    /// Visits the texts.
+    template <typename Visitor>
+    void forEachText(const Visitor& visit) const {
+        if (!m_memory || m_memory->characters.empty())
+            return;
+        for (std::size_t slot = 0; slot < m_memory->kinds.size(); ++slot)
+            if (m_memory->kinds[slot] == Kind::text)
+                visit(get(slot).text());
+    }
+
 private:
     using Kind = SectionValue::Kind;
 
