@@ -141,8 +141,17 @@ DxfSection& DxfSection::operator=(DxfSection&& other) noexcept {
 }
 
 void DxfSection::appendEntry(const DxfSection& section) {
-    assert(section.m_entries == 0 && !section.m_table->isOwn);
-    assert(m_entries == 0 || m_entryTable == section.m_table);
+    assert(section.m_entries == 0);
+    const bool isOfOneClass =
+        !m_table->isOwn && !section.m_table->isOwn && (!m_entryTable || m_entryTable == section.m_table);
+    if (!isOfOneClass) {
+        ownTable();
+        ++m_entries;
+        section.forEachLine([&](const Line& line) {
+            addPlaceholder(numberedKey(line.row->key, m_entries), section.textOf(line));
+        });
+        return;
+    }
     m_entryTable = section.m_table;
     ++m_entries;
     m_values.grow(section.m_values.count());
@@ -176,10 +185,8 @@ bool DxfSection::findAndSet(const Placeholder& placeholder, const SectionValue& 
 }
 
 std::wstring DxfSection::getPlaceholderValue(const Placeholder& placeholder) const {
-    WideSink sink;
-    if (const auto line = find(placeholder))
-        write(sink, valueOf(*line), line->row->value);
-    return sink.take();
+    const auto line = find(placeholder);
+    return line ? textOf(*line) : std::wstring();
 }
 
 bool DxfSection::hasPlaceholderValue(const Placeholder& placeholder) const {
@@ -224,7 +231,7 @@ void DxfSection::renderInto(Sink& sink) const {
         sink.constant(table.text.substr(textBegin));
     };
     renderTable(*m_table, 0);
-    for (std::int32_t entry = 1; entry <= m_entries; ++entry)
+    for (std::int32_t entry = 1; m_entryTable && entry <= m_entries; ++entry)
         renderTable(*m_entryTable, firstSlotOf(entry));
 }
 
@@ -240,7 +247,7 @@ void DxfSection::forEachLine(const Visitor& visit) const {
         }
     };
     visitTable(*m_table, 0);
-    for (std::int32_t entry = 1; entry <= m_entries; ++entry)
+    for (std::int32_t entry = 1; m_entryTable && entry <= m_entries; ++entry)
         visitTable(*m_entryTable, entry);
 }
 
@@ -258,6 +265,12 @@ SectionValue DxfSection::valueOf(const Line& line) const noexcept {
     return line.slot ? m_values.get(*line.slot) : SectionValue();
 }
 
+std::wstring DxfSection::textOf(const Line& line) const {
+    WideSink sink;
+    write(sink, valueOf(line), line.row->value);
+    return sink.take();
+}
+
 DxfSection::OwnTable& DxfSection::ownTable() {
     if (m_table->isOwn)
         return const_cast<OwnTable&>(static_cast<const OwnTable&>(*m_table));
@@ -268,7 +281,6 @@ DxfSection::OwnTable& DxfSection::ownTable() {
     forEachLine([&](const Line& line) { values.set(own->openRows[row++].slot, valueOf(line)); });
     m_values = std::move(values);
     m_entryTable = nullptr;
-    m_entries = 0;
     m_table = own.get();
     return *own.release();
 }

@@ -31,8 +31,8 @@ public:
     DxfSection(DxfSection&& other) noexcept;
     DxfSection& operator=(DxfSection&& other) noexcept;
 
-    /// Appends a section without entries as the next entry. All entries of a section are of one class, with a
-    /// table of its own none can be. Throws std::bad_alloc if a value of it is set.
+    /// Appends a section without entries as the next entry. Throws std::bad_alloc, but not for a section of
+    /// the class of the first one in which no value is set.
     void appendEntry(const DxfSection& section);
 
     /// Number of entries.
@@ -85,7 +85,7 @@ private:
 
     /// The slot of a placeholder that knows its place in this section's table.
     std::optional<std::size_t> knownSlot(const Placeholder& placeholder) const noexcept {
-        if (placeholder.entry > m_entries)
+        if (placeholder.entry != 0 && (!m_entryTable || placeholder.entry > m_entries))
             return std::nullopt;
         const SectionTable& table = placeholder.entry == 0 ? *m_table : *m_entryTable;
         if (placeholder.place >= table.openRows.size())
@@ -100,13 +100,15 @@ private:
     bool findAndSet(const Placeholder& placeholder, const SectionValue& value);
     std::optional<Line> find(const Placeholder& placeholder) const;
     SectionValue valueOf(const Line& line) const noexcept;
+    std::wstring textOf(const Line& line) const;
     template <typename Sink>
     void renderInto(Sink& sink) const;
 
     OwnTable& ownTable();
 
-    const SectionTable* m_table;      ///< Owned where it is an OwnTable: the lines are not those of a class.
-    const SectionTable* m_entryTable; ///< Null where nothing repeats.
+    const SectionTable* m_table; ///< Owned where it is an OwnTable: the lines are not those of a class.
+    const SectionTable*
+        m_entryTable; ///< Null where nothing repeats, and where m_table holds the entries too.
     std::int32_t m_entries;
     SlotArray m_values;
 };

@@ -54,7 +54,7 @@ public:
     std::vector<SectionKey> instanceKeys(TopLevelKey key) const;
 
     /// Files a section under a valid key. A key that is taken keeps what it has. The sections of a numbered
-    /// key are of one class and are filed in the order in which makeInstanceKey gave the numbers. Throws
+    /// key are filed in the order in which makeInstanceKey gave the numbers. Throws
     /// std::bad_alloc.
     void fileSection(SectionKey key, DxfSection section);
 
