@@ -4,22 +4,23 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace ZelkBase {
 
-/// Elements in the order in which they were appended; each stays where it is. `Entry` says who owns them and
-/// is all that differs between List and OwningList. An entry may be empty. A constant list gives constant
-/// elements.
+/// Elements in the order in which they were appended; each stays where it is, because they are kept in
+/// blocks. `Entry` says who owns them and is all that differs between List and OwningList. An entry may be
+/// empty. A constant list gives constant elements.
 template <typename T, typename Entry>
 class BasicList {
 public:
     /// Visits the entries from head to tail. Dereferencing an empty entry throws Error ("Null pointer
     /// dereferenced").
-    template <typename Element, typename Position>
+    template <typename Element>
     class Iterator {
     public:
         using iterator_category = std::forward_iterator_tag;
@@ -29,52 +30,75 @@ public:
         using reference = Element&;
 
         Iterator() noexcept = default;
-        explicit Iterator(Position entry) noexcept
-            : m_entry(entry) {}
+        Iterator(const BasicList& list, std::size_t index) noexcept
+            : m_list(&list)
+            , m_index(index) {}
 
         reference operator*() const {
-            if (!*m_entry)
+            T* const element = m_list->elementAt(m_index);
+            if (!element)
                 throw Error(L"Null pointer dereferenced");
-            return **m_entry;
+            return *element;
         }
         pointer operator->() const { return &**this; }
 
         Iterator& operator++() noexcept {
-            ++m_entry;
+            ++m_index;
             return *this;
         }
-        Iterator operator++(int) noexcept { return Iterator(m_entry++); }
+        Iterator operator++(int) noexcept { return Iterator(*m_list, m_index++); }
 
-        friend bool operator==(Iterator a, Iterator b) noexcept { return a.m_entry == b.m_entry; }
+        friend bool operator==(Iterator a, Iterator b) noexcept { return a.m_index == b.m_index; }
 
     private:
-        Position m_entry;
+        const BasicList* m_list = nullptr;
+        std::size_t m_index = 0;
     };
 
+    BasicList(BasicList&& other) noexcept
+        : m_blocks(std::move(other.m_blocks))
+        , m_count(std::exchange(other.m_count, 0)) {}
+    BasicList& operator=(BasicList&& other) noexcept {
+        m_blocks = std::move(other.m_blocks);
+        m_count = std::exchange(other.m_count, 0);
+        return *this;
+    }
+
     /// Number of entries, the empty ones included.
-    std::int32_t count() const noexcept { return static_cast<std::int32_t>(m_entries.size()); }
+    std::int32_t count() const noexcept { return static_cast<std::int32_t>(m_count); }
 
     /// The first and the last element; null in a list without entries and for an empty entry.
-    T* head() noexcept { return m_entries.empty() ? nullptr : elementOf(m_entries.front()); }
-    T* tail() noexcept { return m_entries.empty() ? nullptr : elementOf(m_entries.back()); }
-    const T* head() const noexcept { return const_cast<BasicList*>(this)->head(); }
-    const T* tail() const noexcept { return const_cast<BasicList*>(this)->tail(); }
+    T* head() noexcept { return m_count == 0 ? nullptr : elementAt(0); }
+    T* tail() noexcept { return m_count == 0 ? nullptr : elementAt(m_count - 1); }
+    const T* head() const noexcept { return m_count == 0 ? nullptr : elementAt(0); }
+    const T* tail() const noexcept { return m_count == 0 ? nullptr : elementAt(m_count - 1); }
 
-    auto begin() noexcept { return Iterator<T, typename Entries::iterator>(m_entries.begin()); }
-    auto end() noexcept { return Iterator<T, typename Entries::iterator>(m_entries.end()); }
-    auto begin() const noexcept {
-        return Iterator<const T, typename Entries::const_iterator>(m_entries.begin());
-    }
-    auto end() const noexcept { return Iterator<const T, typename Entries::const_iterator>(m_entries.end()); }
+    Iterator<T> begin() noexcept { return {*this, 0}; }
+    Iterator<T> end() noexcept { return {*this, m_count}; }
+    Iterator<const T> begin() const noexcept { return {*this, 0}; }
+    Iterator<const T> end() const noexcept { return {*this, m_count}; }
 
 protected:
-    using Entries = std::deque<Entry>;
-
     BasicList() = default;
 
-    static T* elementOf(Entry& entry) noexcept { return entry ? &*entry : nullptr; }
+    /// The entry behind the last one, empty; countIt() makes it the last one. Throws std::bad_alloc.
+    Entry& nextEntry() {
+        if (m_count == m_blocks.size() * blockSize)
+            m_blocks.push_back(std::make_unique<Entry[]>(blockSize));
+        return m_blocks.back()[m_count % blockSize];
+    }
+    void countIt() noexcept { ++m_count; }
 
-    Entries m_entries;
+private:
+    static constexpr std::size_t blockSize = 64;
+
+    T* elementAt(std::size_t index) const noexcept {
+        Entry& entry = m_blocks[index / blockSize][index % blockSize];
+        return entry ? &*entry : nullptr;
+    }
+
+    std::vector<std::unique_ptr<Entry[]>> m_blocks;
+    std::size_t m_count = 0;
 };
 
 /// A list of elements that somebody else owns.
@@ -83,13 +107,13 @@ class List : public BasicList<T, T*> {
 public:
     /// Appends an entry and returns its element; null appends an empty entry. Throws std::bad_alloc.
     T* append(T* element) {
-        this->m_entries.push_back(element);
+        this->nextEntry() = element;
+        this->countIt();
         return element;
     }
 };
 
-/// A list that holds its elements itself, a block of them at a time, and deletes them when it is destroyed.
-/// A copy of it has copies.
+/// A list that holds its elements itself and deletes them when it is destroyed.
 template <typename T>
 class OwningList : public BasicList<T, std::optional<T>> {
 public:
@@ -97,11 +121,16 @@ public:
     /// nothing is appended then.
     template <typename... Arguments>
     T& append(Arguments&&... arguments) {
-        return *this->m_entries.emplace_back(std::in_place, std::forward<Arguments>(arguments)...);
+        T& element = this->nextEntry().emplace(std::forward<Arguments>(arguments)...);
+        this->countIt();
+        return element;
     }
 
     /// Appends an empty entry. Throws std::bad_alloc.
-    void appendEmpty() { this->m_entries.emplace_back(); }
+    void appendEmpty() {
+        this->nextEntry();
+        this->countIt();
+    }
 };
 
 } // namespace ZelkBase

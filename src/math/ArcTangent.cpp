@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-// The standard libraries disagree in the last bit of one angle in a thousand, so that a drawing would depend on the
-// system. Here the angle is reckoned with twice the digits, by operations that have the same bits everywhere, and
-// rounded once.
+// The standard libraries disagree in the last bit of one angle in a thousand, so that a drawing would depend
+// on the system. Here the angle is reckoned with twice the digits, by operations that have the same bits
+// everywhere, and rounded once.
 
 namespace rasterplan {
 namespace {
@@ -89,6 +89,10 @@ double arcTangent(double y, double x) noexcept {
     // Angles of zero and infinity are multiples of pi/4, which every system rounds alike.
     if (x == 0 || y == 0 || !std::isfinite(x) || !std::isfinite(y))
         return std::atan2(y, x);
+
+    // So small an angle is its own tangent, also where doubles run out of digits.
+    if (x > 0 && std::abs(y / x) < 1e-18)
+        return y / x;
 
     // A power of two keeps every step away from overflow; the quotient stays what it is.
     const int exponent = std::max(std::ilogb(x), std::ilogb(y));

@@ -1,5 +1,7 @@
 #include "math/EulerAngles.h"
 
+#include "math/ArcTangent.h"
+
 #include <cfloat>
 #include <cmath>
 #include <utility>
@@ -26,19 +28,19 @@ Order orderOf(int number) noexcept {
 /// Angles about axes that follow each other evenly, the first again at the end.
 EulerAngles repeatedAxis(const MathMatrix& m, const Order& o) noexcept {
     const double sine = std::sqrt(m(o.i, o.j) * m(o.i, o.j) + m(o.i, o.k) * m(o.i, o.k));
-    const double second = std::atan2(sine, m(o.i, o.i));
+    const double second = arcTangent(sine, m(o.i, o.i));
     if (sine > gimbalLimit)
-        return {std::atan2(m(o.i, o.j), m(o.i, o.k)), second, std::atan2(m(o.j, o.i), -m(o.k, o.i))};
-    return {std::atan2(-m(o.j, o.k), m(o.j, o.j)), second, 0};
+        return {arcTangent(m(o.i, o.j), m(o.i, o.k)), second, arcTangent(m(o.j, o.i), -m(o.k, o.i))};
+    return {arcTangent(-m(o.j, o.k), m(o.j, o.j)), second, 0};
 }
 
 /// Angles about three axes that follow each other evenly.
 EulerAngles threeAxes(const MathMatrix& m, const Order& o) noexcept {
     const double cosine = std::sqrt(m(o.i, o.i) * m(o.i, o.i) + m(o.j, o.i) * m(o.j, o.i));
-    const double second = std::atan2(-m(o.k, o.i), cosine);
+    const double second = arcTangent(-m(o.k, o.i), cosine);
     if (cosine > gimbalLimit)
-        return {std::atan2(m(o.k, o.j), m(o.k, o.k)), second, std::atan2(m(o.j, o.i), m(o.i, o.i))};
-    return {std::atan2(-m(o.j, o.k), m(o.j, o.j)), second, 0};
+        return {arcTangent(m(o.k, o.j), m(o.k, o.k)), second, arcTangent(m(o.j, o.i), m(o.i, o.i))};
+    return {arcTangent(-m(o.j, o.k), m(o.j, o.j)), second, 0};
 }
 
 } // namespace

@@ -1,0 +1,105 @@
+#include "template/OutputBuffer.h"
+
+#include "platform/File.h"
+#include "support/TestFolder.h"
+#include "support/WideText.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <stdexcept>
+#include <string>
+
+using namespace rasterplan;
+using namespace rasterplan::test;
+
+namespace {
+
+/// The bytes of a file that `write` has filled by way of a buffer.
+std::string bytesOf(const std::function<void(OutputBuffer&)>& write) {
+    const TestFolder folder;
+    {
+        const File file = openForWriting(wideText(utf8FromPath(folder / "bytes")));
+        if (!file)
+            throw std::runtime_error("cannot write the file");
+        OutputBuffer buffer(file.get());
+        write(buffer);
+    }
+    return readBytes(folder / "bytes");
+}
+
+} // namespace
+
+TEST(OutputBuffer, KeepsBytesAsTheyAre) {
+    const std::string bytes("a\nb\r\n\0\xFF\x80", 8);
+    EXPECT_EQ(bytesOf([&](OutputBuffer& out) { out.append(bytes); }), bytes);
+    EXPECT_EQ(bytesOf([](OutputBuffer&) {}), "");
+}
+
+TEST(OutputBuffer, WritesTextAsUtf8) {
+    EXPECT_EQ(bytesOf([](OutputBuffer& out) { out.appendText(L"Gr\u00F6\u00DFe \u20AC"); }),
+              "Gr\xC3\xB6\xC3\x9F"
+              "e \xE2\x82\xAC");
+}
+
+TEST(OutputBuffer, WritesLineFeedsOfTextAsLineEnds) {
+    EXPECT_EQ(bytesOf([](OutputBuffer& out) { out.appendText(L"a\nb\n\n"); }), "a\r\nb\r\n\r\n");
+    EXPECT_EQ(bytesOf([](OutputBuffer& out) { out.appendText(L"a\rb"); }), "a\rb");
+}
+
+TEST(OutputBuffer, RefusesCharactersBeyondUnicode) {
+    if (sizeof(wchar_t) == 2)
+        GTEST_SKIP() << "every wide character converts here";
+    const std::wstring text = {L'a', static_cast<wchar_t>(0x110000)};
+    EXPECT_EQ(bytesOf([&](OutputBuffer& out) { EXPECT_THROW(out.appendText(text), std::range_error); }), "a");
+}
+
+TEST(OutputBuffer, WritesWhatIsPutIntoReservedRoom) {
+    EXPECT_EQ(bytesOf([](OutputBuffer& out) {
+                  char* const room = out.reserve(10);
+                  std::memcpy(room, "abc", 3);
+                  out.commit(room + 3);
+                  out.reserve(OutputBuffer::blockSize);
+                  out.append("d");
+              }),
+              "abcd");
+}
+
+TEST(OutputBuffer, LosesNothingAtTheEdgesOfABlock) {
+    constexpr std::size_t block = OutputBuffer::blockSize;
+    for (const std::size_t first : {block - 4, block - 1, block, block + 1, 3 * block + 5}) {
+        const std::string before(first, 'x');
+        const std::string bytes = bytesOf([&](OutputBuffer& out) {
+            out.append(before);
+            out.appendText(L"\u20AC\n");
+            out.append("end");
+        });
+        EXPECT_EQ(bytes, before + "\xE2\x82\xAC\r\nend") << first;
+    }
+}
+
+TEST(OutputBuffer, CountsTheBytesAppended) {
+    bytesOf([](OutputBuffer& out) {
+        EXPECT_EQ(out.count(), 0u);
+        out.appendText(L"\u20AC\n");
+        EXPECT_EQ(out.count(), 5u);
+        out.append(std::string(2 * OutputBuffer::blockSize, 'x'));
+        EXPECT_EQ(out.count(), 5u + 2 * OutputBuffer::blockSize);
+        out.reserve(100);
+        EXPECT_EQ(out.count(), 5u + 2 * OutputBuffer::blockSize);
+    });
+}
+
+TEST(OutputBuffer, FailedWriteIsNotReported) {
+    const TestFolder folder;
+    writeBytes(folder / "empty", "");
+    {
+        const File file = openForReading(folder / "empty");
+        ASSERT_TRUE(file);
+        OutputBuffer out(file.get());
+        EXPECT_NO_THROW(out.append(std::string(3 * OutputBuffer::blockSize, 'x')));
+    }
+    EXPECT_EQ(readBytes(folder / "empty"), "");
+}
