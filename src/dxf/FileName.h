@@ -11,7 +11,10 @@ constexpr std::wstring_view fileNameOf(std::wstring_view path) noexcept {
     const auto isLetter = [](wchar_t c) { return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z'); };
     if (path.size() >= 2 && path[1] == L':' && isLetter(path[0]))
         path.remove_prefix(2);
-    return path.substr(path.find_last_of(L"/\\") + 1);
+    std::size_t begin = path.size();
+    while (begin > 0 && path[begin - 1] != L'/' && path[begin - 1] != L'\\')
+        --begin;
+    return path.substr(begin);
 }
 
 } // namespace rasterplan

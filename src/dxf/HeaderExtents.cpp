@@ -19,10 +19,13 @@ Coordinates coordinatesOf(const TripleDouble& triple) {
     return {triple.x, triple.y, triple.z};
 }
 
-void requireValues(const DxfSectionRegistry& registry, TopLevelKey section, const wchar_t* message) {
+/// The section of an extent, which has all three coordinates.
+const DxfSection& extentOf(const DxfSectionRegistry& registry, TopLevelKey key, const wchar_t* message) {
+    const DxfSection* const section = registry.findSectionForReading(key).section;
     for (const Placeholder& coordinate : coordinates)
-        if (!registry.hasSectionValue(section, coordinate))
+        if (!section || !section->hasPlaceholderValue(coordinate))
             throw DxfError(message);
+    return *section;
 }
 
 } // namespace
@@ -35,17 +38,19 @@ void updateHeaderFromImage(DxfSectionRegistry& registry, const ImageParam& image
     const double height = image.getImgHeight();
     bool complete = true;
 
-    requireValues(registry, TopLevelKey::headerExtMin, L"Failure while setting Map: VEXO_HEADER_EXTMIN");
+    const DxfSection& extMin =
+        extentOf(registry, TopLevelKey::headerExtMin, L"Failure while setting Map: VEXO_HEADER_EXTMIN");
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (registry.getSectionNumber(TopLevelKey::headerExtMin, coordinates[axis]) > leftBottom[axis])
+        if (extMin.getPlaceholderNumber(coordinates[axis]) > leftBottom[axis])
             complete &=
                 registry.setSectionValue(TopLevelKey::headerExtMin, coordinates[axis], leftBottom[axis]);
     }
 
-    requireValues(registry, TopLevelKey::headerExtMax, L"Failure while setting Map: VEXO_HEADER_EXMAX");
+    const DxfSection& extMax =
+        extentOf(registry, TopLevelKey::headerExtMax, L"Failure while setting Map: VEXO_HEADER_EXMAX");
     for (std::size_t axis = 0; axis < 3; ++axis) {
         const double tested = (leftBottom[axis] + u[axis]) + v[axis];
-        if (tested > registry.getSectionNumber(TopLevelKey::headerExtMax, coordinates[axis])) {
+        if (tested > extMax.getPlaceholderNumber(coordinates[axis])) {
             const double farCorner = (width * u[axis] + leftBottom[axis]) + height * v[axis];
             complete &= registry.setSectionValue(TopLevelKey::headerExtMax, coordinates[axis], farCorner);
         }

@@ -13,7 +13,7 @@ public:
 
     /// Writes one value. Throws std::bad_alloc.
     ValueGroup& set(const Placeholder& placeholder, const SectionValue& value) {
-        m_complete &= m_filed.section && m_filed.section->setPlaceholderValue(m_filed.at(placeholder), value);
+        m_complete &= m_filed.set(placeholder, value);
         return *this;
     }
 

@@ -190,13 +190,13 @@ std::wstring DxfSection::getPlaceholderValue(const Placeholder& placeholder) con
 }
 
 bool DxfSection::hasPlaceholderValue(const Placeholder& placeholder) const {
-    const auto slot = knownSlot(placeholder);
-    const bool isReal = slot && m_values.get(*slot).kind() == Kind::real;
-    return isReal || !getPlaceholderValue(placeholder).empty();
+    const auto slot = knownSlot(placeholder.entry, placeholder);
+    const bool isNumber = slot && m_values.get(*slot).kind() == Kind::real;
+    return isNumber || !getPlaceholderValue(placeholder).empty();
 }
 
 double DxfSection::getPlaceholderNumber(const Placeholder& placeholder) const {
-    const auto slot = knownSlot(placeholder);
+    const auto slot = knownSlot(placeholder.entry, placeholder);
     const SectionValue value = slot ? m_values.get(*slot) : SectionValue();
     return value.kind() == Kind::real ? ZelkBase::printedValue(value.real())
                                       : ZelkBase::parseNumber(getPlaceholderValue(placeholder));

@@ -45,9 +45,14 @@ public:
     /// Sets the value of a line; false, and nothing is changed, when no line has this key. Throws
     /// std::bad_alloc.
     bool setPlaceholderValue(const Placeholder& placeholder, const SectionValue& value) {
-        const std::optional<std::size_t> slot = knownSlot(placeholder);
+        return setPlaceholderValue(placeholder.entry, placeholder, value);
+    }
+
+    /// The same in an entry, whatever entry the placeholder names.
+    bool setPlaceholderValue(std::int32_t entry, const Placeholder& placeholder, const SectionValue& value) {
+        const std::optional<std::size_t> slot = knownSlot(entry, placeholder);
         if (!slot)
-            return findAndSet(placeholder, value);
+            return findAndSet(placeholder.inEntry(entry), value);
         m_values.set(*slot, value);
         return true;
     }
@@ -84,16 +89,11 @@ private:
     }
 
     /// The slot of a placeholder that knows its place in this section's table.
-    std::optional<std::size_t> knownSlot(const Placeholder& placeholder) const noexcept {
-        if (placeholder.entry != 0 && (!m_entryTable || placeholder.entry > m_entries))
+    std::optional<std::size_t> knownSlot(std::int32_t entry, const Placeholder& placeholder) const noexcept {
+        const SectionTable* const table = entry == 0 ? m_table : m_entryTable;
+        if (!placeholder.rows || !table || table->rows.data() != placeholder.rows || entry > m_entries)
             return std::nullopt;
-        const SectionTable& table = placeholder.entry == 0 ? *m_table : *m_entryTable;
-        if (placeholder.place >= table.openRows.size())
-            return std::nullopt;
-        const OpenRow& open = table.openRows[placeholder.place];
-        if (table.rows[open.row].key.data() != placeholder.key.data())
-            return std::nullopt;
-        return firstSlotOf(placeholder.entry) + open.slot;
+        return firstSlotOf(entry) + placeholder.slot;
     }
     template <typename Visitor>
     void forEachLine(const Visitor& visit) const;
@@ -106,9 +106,8 @@ private:
 
     OwnTable& ownTable();
 
-    const SectionTable* m_table; ///< Owned where it is an OwnTable: the lines are not those of a class.
-    const SectionTable*
-        m_entryTable; ///< Null where nothing repeats, and where m_table holds the entries too.
+    const SectionTable* m_table;      ///< Owned where it is an OwnTable: the lines are not those of a class.
+    const SectionTable* m_entryTable; ///< Null where nothing repeats or m_table holds the entries too.
     std::int32_t m_entries;
     SlotArray m_values;
 };

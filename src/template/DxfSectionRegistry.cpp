@@ -44,24 +44,12 @@ void DxfSectionRegistry::fileSection(SectionKey key, std::nullopt_t) {
 
 bool DxfSectionRegistry::setSectionValue(SectionKey key, const Placeholder& placeholder,
                                          const SectionValue& value) {
-    const FiledSection found = findSection(key);
-    return found.section && found.section->setPlaceholderValue(found.at(placeholder), value);
+    return findSection(key).set(placeholder, value);
 }
 
 std::wstring DxfSectionRegistry::getSectionValue(SectionKey key, const Placeholder& placeholder) const {
-    const Filed<const DxfSection> found = findForReading(key);
+    const Filed<const DxfSection> found = findSectionForReading(key);
     return found.section ? found.section->getPlaceholderValue(found.at(placeholder)) : std::wstring();
-}
-
-bool DxfSectionRegistry::hasSectionValue(SectionKey key, const Placeholder& placeholder) const {
-    const Filed<const DxfSection> found = findForReading(key);
-    return found.section && found.section->hasPlaceholderValue(found.at(placeholder));
-}
-
-double DxfSectionRegistry::getSectionNumber(SectionKey key, const Placeholder& placeholder) const {
-    const Filed<const DxfSection> found = findForReading(key);
-    return found.section ? found.section->getPlaceholderNumber(found.at(placeholder))
-                         : DxfSection().getPlaceholderNumber(placeholder);
 }
 
 std::wstring DxfSectionRegistry::renderPlaceholder(std::wstring_view line) const {
@@ -95,7 +83,7 @@ Filed<const DxfSection> DxfSectionRegistry::find(SectionKey key) const noexcept 
     return {key.number() <= group.numbered.entries() ? &group.numbered : nullptr, key.number()};
 }
 
-Filed<const DxfSection> DxfSectionRegistry::findForReading(SectionKey key) const {
+Filed<const DxfSection> DxfSectionRegistry::findSectionForReading(SectionKey key) const {
     if (isFiledWithoutSection(key))
         throw DxfError(L"Section NUll pointer");
     return find(key);

@@ -25,6 +25,13 @@ struct Filed {
     Placeholder at(const Placeholder& placeholder) const noexcept {
         return entry == 0 ? placeholder : placeholder.inEntry(entry);
     }
+
+    /// Sets a value; false, and nothing is changed, without a section or such a line in it. Throws
+    /// std::bad_alloc.
+    bool set(const Placeholder& placeholder, const SectionValue& value) const {
+        return section &&
+               section->setPlaceholderValue(entry == 0 ? placeholder.entry : entry, placeholder, value);
+    }
 };
 using FiledSection = Filed<DxfSection>;
 
@@ -69,12 +76,8 @@ public:
     /// Throws DxfError when the key is filed without a section.
     std::wstring getSectionValue(SectionKey key, const Placeholder& placeholder) const;
 
-    /// Whether the same text is not empty. Throws as getSectionValue does.
-    bool hasSectionValue(SectionKey key, const Placeholder& placeholder) const;
-
-    /// The number that the same text reads as. Throws as getSectionValue and DxfSection::getPlaceholderNumber
-    /// do.
-    double getSectionNumber(SectionKey key, const Placeholder& placeholder) const;
+    /// The same section, to read several values of it; none without one. Throws as getSectionValue does.
+    Filed<const DxfSection> findSectionForReading(SectionKey key) const;
 
     /// The text of all sections filed for a line of the template, in ascending number; empty when the line is
     /// no top-level key or nothing is filed for it. Throws std::bad_alloc.
@@ -93,7 +96,6 @@ private:
 
     const Group& groupOf(SectionKey key) const noexcept;
     Filed<const DxfSection> find(SectionKey key) const noexcept;
-    Filed<const DxfSection> findForReading(SectionKey key) const;
     bool isFiledWithoutSection(SectionKey key) const noexcept;
     const DxfSection* sectionToRender(std::wstring_view line) const noexcept;
 

@@ -2,6 +2,8 @@
 
 #include "base/Utf8.h"
 
+#include <algorithm>
+
 namespace rasterplan {
 
 OutputBuffer::OutputBuffer(std::FILE* file)
@@ -21,11 +23,16 @@ void OutputBuffer::appendLong(std::string_view bytes) {
 }
 
 void OutputBuffer::appendText(std::wstring_view text) {
-    for (const wchar_t c : text) {
-        if (c == L'\n')
-            append("\r\n");
-        else
-            commit(ZelkBase::encodeUtf8(c, reserve(ZelkBase::utf8Capacity)));
+    constexpr std::size_t partSize = blockSize / ZelkBase::utf8Capacity;
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), partSize))) {
+        const std::wstring_view part = text.substr(0, partSize);
+        char* end = reserve(part.size() * ZelkBase::utf8Capacity);
+        for (const wchar_t c : part) {
+            if (c == L'\n')
+                *end++ = '\r';
+            end = ZelkBase::encodeUtf8(c, end);
+        }
+        commit(end);
     }
 }
 

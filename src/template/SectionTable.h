@@ -30,23 +30,24 @@ struct OpenRow {
 /// A name of a section's line. From a table's operator[] it also knows the place, so that setting a value
 /// searches nothing; from a text it is found by comparing.
 struct Placeholder {
-    static constexpr std::uint32_t unknownPlace = 0xFFFFFFFF;
-
     constexpr Placeholder(std::wstring_view name) noexcept
         : key(name) {}
     constexpr Placeholder(const wchar_t* name) noexcept
         : key(name) {}
-    constexpr Placeholder(std::wstring_view name, std::uint32_t openRow, std::int32_t number = 0) noexcept
+    constexpr Placeholder(std::wstring_view name, const SectionRow* rowsOfTable, std::uint32_t slotInTable,
+                          std::int32_t number = 0) noexcept
         : key(name)
-        , place(openRow)
+        , rows(rowsOfTable)
+        , slot(slotInTable)
         , entry(number) {}
 
     /// The line of this name in entry `number` (from 1) of a table with repeated entries; its text is the key
     /// directly followed by the number.
-    constexpr Placeholder inEntry(std::int32_t number) const noexcept { return {key, place, number}; }
+    constexpr Placeholder inEntry(std::int32_t number) const noexcept { return {key, rows, slot, number}; }
 
     std::wstring_view key;
-    std::uint32_t place = unknownPlace; ///< Index of the open row in its table.
+    const SectionRow* rows = nullptr; ///< Those of the table in which it knows its place.
+    std::uint32_t slot = 0;           ///< Its place there.
     std::int32_t entry = 0;
 };
 
@@ -89,7 +90,7 @@ public:
     constexpr Placeholder operator[](std::wstring_view key) const {
         for (std::size_t i = 0; i < m_openCount; ++i)
             if (m_rows[m_openRows[i].row].key == key)
-                return {m_rows[m_openRows[i].row].key, static_cast<std::uint32_t>(i)};
+                return {key, m_rows.data(), m_openRows[i].slot};
         throw std::invalid_argument("the table has no open row of this key");
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -19,47 +21,51 @@ public:
     enum class Kind : std::uint8_t { unset, text, real, integer, handle };
 
     /// No value: the line says what its table says.
-    constexpr SectionValue() noexcept
-        : m_integer(0)
-        , m_kind(Kind::unset) {}
+    constexpr SectionValue() noexcept = default;
 
     /// Written with 17 decimals.
     constexpr SectionValue(double real) noexcept
-        : m_real(real)
-        , m_kind(Kind::real) {}
+        : SectionValue(Kind::real, std::bit_cast<std::uint64_t>(real)) {}
 
     /// Written in decimal.
     constexpr SectionValue(std::int32_t integer) noexcept
-        : m_integer(integer)
-        , m_kind(Kind::integer) {}
+        : SectionValue(Kind::integer, static_cast<std::uint32_t>(integer)) {}
 
     /// Written in hexadecimal.
     constexpr SectionValue(Handle handle) noexcept
-        : m_integer(handle.number)
-        , m_kind(Kind::handle) {}
+        : SectionValue(Kind::handle, static_cast<std::uint32_t>(handle.number)) {}
 
     /// Written as it stands. The characters are copied when the value is stored.
     constexpr SectionValue(std::wstring_view text) noexcept
-        : m_text(text)
-        , m_kind(Kind::text) {}
+        : SectionValue(Kind::text, text.size(), text.data()) {}
     constexpr SectionValue(const wchar_t* text) noexcept
         : SectionValue(std::wstring_view(text)) {}
 
+    /// A value from its parts: see payload(). Of a text also the characters.
+    constexpr SectionValue(Kind kind, std::uint64_t payload, const wchar_t* characters = nullptr) noexcept
+        : m_payload(payload)
+        , m_characters(characters)
+        , m_kind(kind) {}
+
     constexpr Kind kind() const noexcept { return m_kind; }
 
+    /// The bits of a real, the number of an integer or a handle, the length of a text, 0 where unset.
+    constexpr std::uint64_t payload() const noexcept { return m_payload; }
+
     /// Each of the following belongs to its kind and may be asked of no other.
-    constexpr double real() const noexcept { return m_real; }
-    constexpr std::int32_t integer() const noexcept { return m_integer; }
-    constexpr Handle handle() const noexcept { return {m_integer}; }
-    constexpr std::wstring_view text() const noexcept { return m_text; }
+    constexpr double real() const noexcept { return std::bit_cast<double>(m_payload); }
+    constexpr std::int32_t integer() const noexcept {
+        return static_cast<std::int32_t>(static_cast<std::uint32_t>(m_payload));
+    }
+    constexpr Handle handle() const noexcept { return {integer()}; }
+    constexpr std::wstring_view text() const noexcept {
+        return {m_characters, static_cast<std::size_t>(m_payload)};
+    }
 
 private:
-    union {
-        double m_real;
-        std::int32_t m_integer;
-        std::wstring_view m_text;
-    };
-    Kind m_kind;
+    std::uint64_t m_payload = 0;
+    const wchar_t* m_characters = nullptr;
+    Kind m_kind = Kind::unset;
 };
 
 } // namespace rasterplan

@@ -2,7 +2,6 @@
 
 #include "template/SectionValue.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -40,21 +39,11 @@ public:
     SectionValue get(std::size_t slot) const noexcept {
         if (!m_memory || slot >= m_memory->kinds.size())
             return {};
+        const Kind kind = m_memory->kinds[slot];
         const std::uint64_t payload = m_memory->payloads[slot];
-        switch (m_memory->kinds[slot]) {
-        case Kind::real:
-            return std::bit_cast<double>(payload);
-        case Kind::integer:
-            return integerIn(payload);
-        case Kind::handle:
-            return Handle{integerIn(payload)};
-        case Kind::text:
-            return std::wstring_view(m_memory->characters)
-                .substr(payload >> lengthBits, payload & longestText);
-        case Kind::unset:
-            break;
-        }
-        return {};
+        if (kind != Kind::text)
+            return {kind, payload};
+        return {kind, payload & longestText, m_memory->characters.data() + (payload >> lengthBits)};
     }
 
     /// Sets a slot below count(); a text is copied. Throws std::bad_alloc, and std::length_error for a text
@@ -62,7 +51,7 @@ public:
     void set(std::size_t slot, const SectionValue& value) {
         if (!m_memory || slot >= m_memory->kinds.size())
             takeMemory();
-        m_memory->payloads[slot] = payloadOf(value);
+        m_memory->payloads[slot] = value.kind() == Kind::text ? append(value.text()) : value.payload();
         m_memory->kinds[slot] = value.kind();
     }
 
@@ -79,28 +68,10 @@ public:
 private:
     using Kind = SectionValue::Kind;
 
-    /// A text's payload is its place among the characters and its length.
+    /// In a slot the payload of a text is its place among the characters and its length.
     static constexpr int lengthBits = 24;
     static constexpr std::uint64_t longestText = (std::uint64_t{1} << lengthBits) - 1;
 
-    static std::int32_t integerIn(std::uint64_t payload) noexcept {
-        return static_cast<std::int32_t>(static_cast<std::uint32_t>(payload));
-    }
-    std::uint64_t payloadOf(const SectionValue& value) {
-        switch (value.kind()) {
-        case Kind::real:
-            return std::bit_cast<std::uint64_t>(value.real());
-        case Kind::integer:
-            return static_cast<std::uint32_t>(value.integer());
-        case Kind::handle:
-            return static_cast<std::uint32_t>(value.handle().number);
-        case Kind::text:
-            return append(value.text());
-        case Kind::unset:
-            break;
-        }
-        return 0;
-    }
     std::uint64_t append(std::wstring_view text);
     void takeMemory();
 
