@@ -72,5 +72,3 @@ COMPARE(smallNumbers, uniform(-1e-4, 1e-4));
 COMPARE(plainNumbers, plain());
 
 } // namespace
-
-BENCHMARK_MAIN();

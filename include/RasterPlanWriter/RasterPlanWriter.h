@@ -84,19 +84,20 @@ public:
     ErrorEnum calcMiddledImagePlaneReferenceCoordSystem3D(TripleDouble& origin, TripleDouble& xAxis,
                                                           TripleDouble& yAxis) const;
 
-    /// Writes the drawing flattened: the plane's axes become the drawing's x and y, and y is lifted by origin.z,
-    /// so that y reads as height where yAxis points upwards.
+    /// Writes the drawing flattened: the plane's axes become the drawing's x and y, and y is lifted by
+    /// origin.z, so that y reads as height where yAxis points upwards.
     ///
-    /// origin is a point in drawing units; xAxis and yAxis are directions at a right angle to each other, of any
-    /// usual length. z is the distance from the plane. Seen along z, the frame lines lie on their picture where
-    /// the image's V is yAxis; those of images turned in the plane or leaning against it are displaced, the
-    /// pictures are not. origin.z is added to y in every plane, a horizontal one too.
+    /// origin is a point in drawing units; xAxis and yAxis are directions at a right angle to each other, of
+    /// any usual length. z is the distance from the plane. Seen along z, the frame lines lie on their picture
+    /// where the image's V is yAxis; those of images turned in the plane or leaning against it are displaced,
+    /// the pictures are not. origin.z is added to y in every plane, a horizontal one too.
     ///
-    /// Returns Success, NoImage (nothing is opened then), CannotOpenOutput, CannotOpenTemplate, DxfFailure (also
-    /// for an origin that is NaN or infinite; the file has been overwritten then) or UnexpectedFailure. Throws an
-    /// exception derived from std::exception when an axis is zero, NaN or infinite, or when the axes are parallel
-    /// and both perpendicular to a coordinate axis; nothing has been opened then. Other parallel axes are not
-    /// noticed and give coordinates without meaning. The object's own drawing is not changed.
+    /// Returns Success, NoImage (nothing is opened then), CannotOpenOutput, CannotOpenTemplate, DxfFailure
+    /// (also for an origin that is NaN or infinite; the file has been overwritten then) or UnexpectedFailure.
+    /// Throws an exception derived from std::exception when an axis is zero, NaN or infinite, or when the
+    /// axes are parallel and both perpendicular to a coordinate axis; nothing has been opened then. Other
+    /// parallel axes are not noticed and give coordinates without meaning. The object's own drawing is not
+    /// changed.
     ErrorEnum create2DDxf(const TripleDouble& origin, const TripleDouble& xAxis, const TripleDouble& yAxis);
 
     /// Writes the drawing with every image where it lies in space.

@@ -14,6 +14,7 @@ namespace {
 /// given and wherever the process has gone since.
 std::filesystem::path mappedFile(std::uintptr_t address) {
     std::ifstream maps("/proc/self/maps");
+    maps.exceptions(std::ios::badbit); // or getline would turn "out of memory" into the end of the list
     for (std::string line; std::getline(maps, line);) {
         std::uintptr_t begin = 0;
         std::uintptr_t end = 0;

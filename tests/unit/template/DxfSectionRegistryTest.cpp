@@ -9,6 +9,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace rasterplan;
@@ -20,7 +21,7 @@ namespace {
 constexpr RecordTable rows({{L"#VEXO_A#", "", filled}});
 constexpr SectionTable table = rows.table();
 
-/// A section of one line. All of them are of one class, as the numbered sections of a key are.
+/// A section of one line.
 DxfSection sectionSaying(std::wstring_view value) {
     DxfSection section(table);
     section.setPlaceholderValue(L"#VEXO_A#", value);
@@ -125,13 +126,9 @@ TEST(DxfSectionRegistry, SetsAndGetsValues) {
     EXPECT_EQ(registry.getSectionValue(key, L"#VEXO_A#"), L"a");
     EXPECT_TRUE(registry.setSectionValue(L"#VEXO_OBJECT_IMAGEDEF#1", L"#VEXO_A#", L"b"));
     EXPECT_EQ(registry.getSectionValue(L"#VEXO_OBJECT_IMAGEDEF#1", L"#VEXO_A#"), L"b");
-    EXPECT_TRUE(registry.hasSectionValue(key, L"#VEXO_A#"));
     EXPECT_TRUE(registry.setSectionValue(key, L"#VEXO_A#", 2.5));
-    EXPECT_EQ(registry.getSectionNumber(key, L"#VEXO_A#"), 2.5);
     EXPECT_FALSE(registry.setSectionValue(key, L"#VEXO_B#", L"b"));
     EXPECT_EQ(registry.getSectionValue(key, L"#VEXO_B#"), L"");
-    EXPECT_FALSE(registry.hasSectionValue(key, L"#VEXO_B#"));
-    EXPECT_THROW(registry.getSectionNumber(key, L"#VEXO_B#"), std::invalid_argument);
     EXPECT_EQ(registry.renderPlaceholder(L"#VEXO_OBJECT_IMAGEDEF#"), L"2.50000000000000000\n");
 }
 
@@ -140,8 +137,6 @@ TEST(DxfSectionRegistry, UnknownSectionTakesAndGivesNothing) {
     for (const SectionKey& key : {SectionKey(headerExtMin), SectionKey(entityImage, 7), SectionKey()}) {
         EXPECT_FALSE(registry.setSectionValue(key, L"#VEXO_A#", L"a"));
         EXPECT_EQ(registry.getSectionValue(key, L"#VEXO_A#"), L"");
-        EXPECT_FALSE(registry.hasSectionValue(key, L"#VEXO_A#"));
-        EXPECT_THROW(registry.getSectionNumber(key, L"#VEXO_A#"), std::invalid_argument);
     }
 }
 
@@ -156,8 +151,6 @@ TEST(DxfSectionRegistry, KeyFiledWithoutSectionIsAnErrorOnReading) {
         } catch (const DxfError& error) {
             EXPECT_EQ(error.message(), L"Section NUll pointer");
         }
-        EXPECT_THROW(registry.hasSectionValue(key, L"#VEXO_A#"), DxfError);
-        EXPECT_THROW(registry.getSectionNumber(key, L"#VEXO_A#"), DxfError);
         EXPECT_FALSE(registry.setSectionValue(key, L"#VEXO_A#", L"a"));
         EXPECT_EQ(registry.renderPlaceholder(textOf(key.topLevelKey())), L"");
     }
@@ -197,6 +190,27 @@ TEST(DxfSectionRegistry, ManySectionsOfAKeyKeepTheirValues) {
     }
     EXPECT_EQ(registry.getSectionValue({entityLine, 500}, L"#VEXO_A#"), L"500");
     EXPECT_EQ(registry.renderPlaceholder(L"#VEXO_ENTITY_LINE#"), expected);
+}
+
+TEST(DxfSectionRegistry, NumberedSectionsMayBeOfDifferentClasses) {
+    DxfSectionRegistry registry;
+    const SectionKey one = registry.makeInstanceKey(entityImage);
+    const SectionKey two = registry.makeInstanceKey(entityImage);
+    const SectionKey three = registry.makeInstanceKey(entityImage);
+    registry.fileSection(one, sectionSaying(L"1"));
+    DxfSection other;
+    other.addPlaceholder(L"#VEXO_B#", L"2");
+    other.addPlaceholder(L"#VEXO_C#", L"also 2");
+    registry.fileSection(two, std::move(other));
+    registry.fileSection(three, sectionSaying(L"3"));
+    EXPECT_EQ(registry.renderPlaceholder(L"#VEXO_ENTITY_IMAGE#"), L"1\n2\nalso 2\n3\n");
+    EXPECT_TRUE(registry.setSectionValue(one, rows[L"#VEXO_A#"], L"first"));
+    EXPECT_TRUE(registry.setSectionValue(two, L"#VEXO_C#", L"second"));
+    EXPECT_TRUE(registry.setSectionValue(three, rows[L"#VEXO_A#"], 3));
+    EXPECT_FALSE(registry.setSectionValue(two, rows[L"#VEXO_A#"], L"lost"));
+    EXPECT_FALSE(registry.setSectionValue(three, L"#VEXO_B#", L"lost"));
+    EXPECT_EQ(registry.renderPlaceholder(L"#VEXO_ENTITY_IMAGE#"), L"first\n2\nsecond\n3\n");
+    EXPECT_EQ(registry.getSectionValue(two, L"#VEXO_B#"), L"2");
 }
 
 TEST(DxfSectionRegistry, FileGetsTheSameTextInUtf8) {

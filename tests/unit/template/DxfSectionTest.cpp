@@ -281,6 +281,8 @@ TEST(DxfSection, CharacterBeyondUnicodeIsRefusedInTheFileOnly) {
     EXPECT_TRUE(section.setPlaceholderValue(rows[L"#VEXO_TEXT#"], std::wstring_view(text)));
     EXPECT_EQ(section.getPlaceholderValue(rows[L"#VEXO_TEXT#"]), text);
     EXPECT_THROW(bytesOf(section), std::range_error);
+    EXPECT_TRUE(section.setPlaceholderValue(rows[L"#VEXO_TEXT#"], L"text"));
+    EXPECT_NO_THROW(bytesOf(section));
 }
 
 TEST(DxfSection, IsMovedWithItsLines) {
@@ -298,6 +300,22 @@ TEST(DxfSection, IsMovedWithItsLines) {
     EXPECT_EQ(assigned.render(), L"own\n");
     EXPECT_TRUE(assigned.setPlaceholderValue(L"#VEXO_A#", L"still set"));
     EXPECT_EQ(assigned.render(), L"still set\n");
+}
+
+TEST(DxfSection, TakesSectionsOfOtherClassesAsEntries) {
+    DxfSection all;
+    DxfSection own;
+    own.addPlaceholder(L"#VEXO_A#", L"a");
+    own.addPlaceholder(L"#VEXO_A#", L"b");
+    all.appendEntry(DxfSection(entryTable));
+    all.appendEntry(own);
+    all.appendEntry(DxfSection(entryTable));
+    EXPECT_EQ(all.entries(), 3);
+    EXPECT_EQ(all.render(), L"350\n\na\na\n350\n\n");
+    EXPECT_TRUE(all.setPlaceholderValue(entryRows[L"#VEXO_ENTRY#"].inEntry(3), 3));
+    EXPECT_TRUE(all.setPlaceholderValue(L"#VEXO_A#2", L"c"));
+    EXPECT_FALSE(all.setPlaceholderValue(entryRows[L"#VEXO_ENTRY#"].inEntry(2), L"lost"));
+    EXPECT_EQ(all.render(), L"350\n\nc\nc\n350\n3\n");
 }
 
 TEST(DxfSection, TakesSectionsOfOneClassAsEntries) {

@@ -49,12 +49,14 @@ TEST(SectionTable, TextLeavesOutTheOpenValues) {
 TEST(SectionTable, PlaceholderKnowsItsPlace) {
     constexpr Placeholder b = rows[L"#VEXO_B#"];
     EXPECT_EQ(b.key, L"#VEXO_B#");
-    EXPECT_EQ(b.place, 1u);
+    EXPECT_EQ(b.rows, table.rows.data());
+    EXPECT_EQ(b.slot, 1u);
     EXPECT_EQ(b.entry, 0);
     constexpr Placeholder bOfThird = b.inEntry(3);
-    EXPECT_EQ(bOfThird.place, 1u);
+    EXPECT_EQ(bOfThird.rows, b.rows);
+    EXPECT_EQ(bOfThird.slot, 1u);
     EXPECT_EQ(bOfThird.entry, 3);
-    EXPECT_EQ(Placeholder(L"#VEXO_B#").place, Placeholder::unknownPlace);
+    EXPECT_EQ(Placeholder(L"#VEXO_B#").rows, nullptr);
 }
 
 TEST(SectionTable, ConstantAndUnknownRowsHaveNoPlace) {
