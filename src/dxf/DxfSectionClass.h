@@ -8,7 +8,7 @@
 namespace rasterplan {
 
 /// A CLASS record.
-inline constexpr RecordTable classRows({
+inline constexpr auto classRows = RecordTable({
     {L"#VEXO_CLASS_GROUPCODE#", "0"},
     {L"#VEXO_CLASSNAME#", "CLASS"},
     {L"#VEXO_GROUPCODE#", "1"},

@@ -8,7 +8,7 @@
 namespace rasterplan {
 
 /// A header variable that holds a handle.
-inline constexpr RecordTable headerVarRows({
+inline constexpr auto headerVarRows = RecordTable({
     {L"#VEXO_VAR_GROUPCODE#", "9"},
     {L"#VEXO_VAR_VARNAME#", "", filled},
     {L"#VEXO_VAR_HANDLEGROUPCODE#", "5"},
@@ -17,7 +17,7 @@ inline constexpr RecordTable headerVarRows({
 inline constexpr SectionTable headerVarTable = headerVarRows.table();
 
 /// A header variable that holds a point.
-inline constexpr RecordTable headerVarBoxRows({
+inline constexpr auto headerVarBoxRows = RecordTable({
     {L"#VEXO_EXTVAR_GROUPCODE#", "9"},
     {L"#VEXO_EXTVAR_VARNAME#", "", filled},
     {L"#VEXO_EXTVARX_GROUPCODE#", "10"},
@@ -30,7 +30,7 @@ inline constexpr RecordTable headerVarBoxRows({
 inline constexpr SectionTable headerVarBoxTable = headerVarBoxRows.table();
 
 /// $INSUNITS; metres until an image says otherwise.
-inline constexpr RecordTable headerInsUnitsRows({
+inline constexpr auto headerInsUnitsRows = RecordTable({
     {L"#VEXO_INSUNIT_VAR_GROUPCODE#", "9"},
     {L"#VEXO_INSUNIT_VAR_NAME#", "$INSUNITS"},
     {L"#VEXO_INSUNIT_UNIT_GROUPCODE#", "70"},

@@ -8,7 +8,7 @@ namespace rasterplan {
 /// The IMAGE entity. Its owner is the template's model space block record, 2. The pair 160/140 and the pair
 /// 290/0 belong to the record as they stand. The clip boundary is the whole picture in pixels, from (-0.5,
 /// -0.5).
-inline constexpr RecordTable imageEntityRows({
+inline constexpr auto imageEntityRows = RecordTable({
     {L"#VEXO_ENTITYIMAGE_GROUPCODE#", "0"},
     {L"#VEXO_ENTITYIMAGE_NAME#", "IMAGE"},
     {L"#VEXO_ENTITYIMAGEHANDLE_GROUPCODE#", "5"},

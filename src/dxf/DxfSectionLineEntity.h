@@ -6,7 +6,7 @@
 namespace rasterplan {
 
 /// The LINE entity. Keys are as odd as they stand; they are names like any other.
-inline constexpr RecordTable lineEntityRows({
+inline constexpr auto lineEntityRows = RecordTable({
     {L"#VEXO_ENTITYLINE_GROUPCODE#", "0"},
     {L"#VEXO_ENTITYLINE_NAME#", "LINE"},
     {L"#VEXO_ENTITYLINEHANDLE_GROUPCODE#", "5"},

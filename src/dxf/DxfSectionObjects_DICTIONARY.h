@@ -8,7 +8,7 @@
 namespace rasterplan {
 
 /// The image dictionary, owned by the template's root dictionary, 9. The template names it there.
-inline constexpr RecordTable imageDictionaryRows({
+inline constexpr auto imageDictionaryRows = RecordTable({
     {L"#VEXO_OBJDICT_GROUPCODE#", "0"},
     {L"#VEXO_OBJDICT#", "DICTIONARY"},
     {L"#VEXO_OBJ_DICTHANDLE_GROUPCODE#", "5"},
@@ -28,7 +28,7 @@ inline constexpr RecordTable imageDictionaryRows({
 });
 
 /// What each image adds to it; the keys carry the image's number.
-inline constexpr RecordTable imageDictionaryEntryRows({
+inline constexpr auto imageDictionaryEntryRows = RecordTable({
     {L"#VEXO_OBJ_NAMEOBJ_GROUPCODE#", "3"},
     {L"#VEXO_OBJ_NAMEOBJ#", "", filled},
     {L"#VEXO_OBJ_HANDLEOBJ_GROUPCODE#", "350"},

@@ -6,7 +6,7 @@
 namespace rasterplan {
 
 /// The definition of an image: its file, its size in pixels and the size of one pixel in millimetres.
-inline constexpr RecordTable imageDefRows({
+inline constexpr auto imageDefRows = RecordTable({
     {L"#VEXO_OBJ_GROUPCODE#", "0"},
     {L"#VEXO_OBJNAME#", "IMAGEDEF"},
     {L"#VEXO_OBJHANDLE_GROUPCODE#", "5"},

@@ -6,7 +6,7 @@
 namespace rasterplan {
 
 /// The reactor that links an image definition back to its IMAGE entity.
-inline constexpr RecordTable imageDefReactorRows({
+inline constexpr auto imageDefReactorRows = RecordTable({
     {L"#VEXO_OBJ_IMAGEDEFREACTOR_GROUPCODE#", "0"},
     {L"#VEXO_OBJIMAGEDEFREACTOR#", "IMAGEDEF_REACTOR"},
     {L"#VEXO_OBJIMAGEDEFREACTORHANDLE_GROUPCODE#", "5"},

@@ -7,7 +7,7 @@ namespace rasterplan {
 
 /// The active viewport. LENGHT is spelled so, and the view mode is "0.0" although its code is that of an
 /// integer: both are fixed.
-inline constexpr RecordTable viewportRows({
+inline constexpr auto viewportRows = RecordTable({
     {L"#VEXO_TABLE_VPORTGROUPCODE#", "0"},
     {L"#VEXO_TABLE_VPORT_NAME#", "VPORT"},
     {L"#VEXO_TABLE_VPORTHANDLE_GROUPCODE#", "5"},

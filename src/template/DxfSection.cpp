@@ -73,7 +73,9 @@ void write(Sink& sink, const SectionValue& value, std::string_view valueInTable)
     case Kind::handle:
         if (value.handle() == Handle{})
             return;
-        return sink.number([&](char* out) { return ZelkBase::formatHandle(value.handle().number, out); });
+        return sink.number([&](char* out) {
+            return ZelkBase::formatHandle(static_cast<std::uint32_t>(value.handle().number), out);
+        });
     case Kind::text:
         return sink.text(value.text());
     case Kind::unset:

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -29,8 +28,7 @@ public:
         if (bytes.size() > blockSize)
             return appendLong(bytes);
         char* const end = reserve(bytes.size());
-        std::memcpy(end, bytes.data(), bytes.size());
-        commit(end + bytes.size());
+        commit(end + bytes.copy(end, bytes.size()));
     }
 
     /// Appends text as UTF-8, each line feed as CR LF. Throws std::range_error for a character beyond

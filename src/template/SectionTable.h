@@ -65,7 +65,9 @@ struct SectionTable {
     bool isOwn = false;                  ///< It belongs to one section only, not to a class.
 };
 
-/// Builds a SectionTable from its rows at compile time.
+/// Builds a SectionTable from its rows at compile time. Define it with `auto x = RecordTable({...})`: of a
+/// type that is not complete before the definition, g++ puts a constant among the writable data, or not, file
+/// by file, and the linker for Windows refuses to merge the two.
 template <std::size_t RowCount>
 class RecordTable {
 public:

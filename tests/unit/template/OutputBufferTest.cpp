@@ -11,6 +11,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 using namespace rasterplan;
 using namespace rasterplan::test;
@@ -35,7 +36,7 @@ std::string bytesOf(const std::function<void(OutputBuffer&)>& write) {
 TEST(OutputBuffer, KeepsBytesAsTheyAre) {
     const std::string bytes("a\nb\r\n\0\xFF\x80", 8);
     EXPECT_EQ(bytesOf([&](OutputBuffer& out) { out.append(bytes); }), bytes);
-    EXPECT_EQ(bytesOf([](OutputBuffer&) {}), "");
+    EXPECT_EQ(bytesOf([](OutputBuffer& out) { out.append(std::string_view()); }), "");
 }
 
 TEST(OutputBuffer, WritesTextAsUtf8) {

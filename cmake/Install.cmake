@@ -1,0 +1,50 @@
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+install(
+  TARGETS RasterPlanWriter
+  EXPORT RasterPlanWriterTargets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  INCLUDES
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES ${PROJECT_BINARY_DIR}/include/RasterPlanWriter/Export.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/RasterPlanWriter)
+
+# The template is looked for beside the file that holds the library's code: the DLL, the shared library, or,
+# with the static library, the program.
+if(BUILD_SHARED_LIBS AND NOT WIN32)
+  set(template_folder ${CMAKE_INSTALL_LIBDIR})
+else()
+  set(template_folder ${CMAKE_INSTALL_BINDIR})
+endif()
+install(FILES ${RasterPlanWriter_TEMPLATE} DESTINATION ${template_folder})
+cmake_path(GET RasterPlanWriter_TEMPLATE FILENAME template_name)
+set(installed_template ${template_folder}/${template_name})
+
+if(RASTERPLANWRITER_BUILD_TOOL)
+  if(BUILD_SHARED_LIBS AND NOT WIN32)
+    # The tool finds its library wherever the folder is unpacked.
+    file(RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set_target_properties(rasterplan PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
+  endif()
+  install(TARGETS rasterplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/RasterPlanWriter)
+set(package_files ${PROJECT_BINARY_DIR}/package)
+install(
+  EXPORT RasterPlanWriterTargets
+  NAMESPACE RasterPlanWriter::
+  DESTINATION ${package_folder})
+configure_package_config_file(
+  ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterConfig.cmake.in ${package_files}/RasterPlanWriterConfig.cmake
+  INSTALL_DESTINATION ${package_folder}
+  PATH_VARS installed_template)
+write_basic_package_version_file(${package_files}/RasterPlanWriterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(
+  FILES ${package_files}/RasterPlanWriterConfig.cmake ${package_files}/RasterPlanWriterConfigVersion.cmake
+        ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterDeploy.cmake
+  DESTINATION ${package_folder})

@@ -1,0 +1,21 @@
+# Also part of the installed package.
+
+# rasterplanwriter_deploy(program): copies beside the program, whenever it is linked, what it needs there to run:
+# with the shared library on Windows the DLL and the template, with the shared library elsewhere nothing, with
+# the static library the template, because the program then holds the code that looks for it.
+#
+# RasterPlanWriter_TEMPLATE is the template's path, for install rules.
+function(rasterplanwriter_deploy program)
+  get_target_property(type RasterPlanWriter::RasterPlanWriter TYPE)
+  if(type STREQUAL "SHARED_LIBRARY")
+    if(NOT WIN32)
+      return()
+    endif()
+    set(library $<TARGET_FILE:RasterPlanWriter::RasterPlanWriter>)
+  endif()
+  add_custom_command(
+    TARGET ${program}
+    POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${library} ${RasterPlanWriter_TEMPLATE} $<TARGET_FILE_DIR:${program}>
+    VERBATIM)
+endfunction()

@@ -1,0 +1,205 @@
+#include "FailingAllocations.h"
+
+#include <RasterPlanWriter/RasterPlanWriter.h>
+
+#include "support/Images.h"
+#include "support/TestFolder.h"
+#include "support/WideText.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <optional>
+#include <string>
+
+using namespace rasterplan::test;
+
+namespace {
+
+using Result = RasterPlanWriter::ErrorEnum;
+
+/// What one run saw: results, or that std::bad_alloc came through.
+struct Outcome {
+    Result add = RasterPlanWriter::Success;
+    Result write = RasterPlanWriter::Success;
+    bool threw = false;
+
+    bool ranOutOfMemory() const {
+        return threw || add == RasterPlanWriter::UnexpectedFailure ||
+               write == RasterPlanWriter::UnexpectedFailure;
+    }
+    bool succeeded() const {
+        return !threw && add == RasterPlanWriter::Success && write == RasterPlanWriter::Success;
+    }
+};
+
+const TestFolder& folder() {
+    static const TestFolder folder;
+    return folder;
+}
+
+const std::wstring& outputPath() {
+    static const std::wstring path = wideText(utf8FromPath(folder() / "plan.dxf"));
+    return path;
+}
+
+const ImageParam wall =
+    imageAt({1, 2, 5}, {1, 2, 3}, {5, 2, 3}, 100.0, L"a path that no small buffer holds/south.png");
+const ImageParam nextWall =
+    imageAt({9, 2, 5}, {9, 2, 3}, {13, 2, 3}, 100.0, L"a path that no small buffer holds/west.png");
+
+/// Runs `run` once for every allocation that it makes, with that one failing, and then once with none. Every
+/// run must say that it ran out of memory, and leave nothing behind.
+void failEachAllocation(const std::function<Outcome()>& run) {
+    EXPECT_TRUE(run().succeeded()) << "without any failure";
+    for (long number = 1;; ++number) {
+        const long before = livingAllocations();
+        std::optional<Outcome> outcome;
+        bool failed = false;
+        {
+            const FailingAllocation failing(number);
+            outcome = run();
+            failed = failing.hasFailed();
+        }
+        EXPECT_EQ(livingAllocations(), before) << "allocation " << number;
+        if (!failed) {
+            EXPECT_TRUE(outcome->succeeded()) << "no allocation failed";
+            EXPECT_GT(number, 5) << "hardly any allocation was seen";
+            return;
+        }
+        EXPECT_TRUE(outcome->ranOutOfMemory())
+            << "allocation " << number << ": add " << outcome->add << ", write " << outcome->write;
+    }
+}
+
+/// The outcome of `work`, which sets the results.
+Outcome outcomeOf(const std::function<void(Outcome&)>& work) {
+    Outcome outcome;
+    try {
+        work(outcome);
+    } catch (const std::bad_alloc&) {
+        outcome.threw = true;
+    }
+    return outcome;
+}
+
+} // namespace
+
+TEST(AllocationFault, ThisProgramSeesItsAllocations) {
+    const long before = livingAllocations();
+    auto* const number = new int(1);
+    EXPECT_EQ(livingAllocations(), before + 1);
+    delete number;
+    EXPECT_EQ(livingAllocations(), before);
+
+    const FailingAllocation failing(2);
+    delete new int(2);
+    EXPECT_FALSE(failing.hasFailed());
+    EXPECT_THROW(delete new int(3), std::bad_alloc);
+    EXPECT_TRUE(failing.hasFailed());
+    delete new int(4);
+}
+
+TEST(AllocationFault, ConstructionThrowsAndLeavesNothing) {
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+        const long before = livingAllocations();
+        bool threw = false;
+        {
+            const FailingAllocation failing(number);
+            try {
+                const RasterPlanWriter writer(L"a path that no small buffer holds/plan.dxf");
+            } catch (const std::bad_alloc&) {
+                threw = true;
+            }
+            failed = failing.hasFailed();
+        }
+        EXPECT_EQ(threw, failed) << "allocation " << number;
+        EXPECT_EQ(livingAllocations(), before) << "allocation " << number;
+    }
+}
+
+TEST(AllocationFault, AddAndWriteIn3DSayThatMemoryRanOut) {
+    failEachAllocation([] {
+        return outcomeOf([](Outcome& outcome) {
+            RasterPlanWriter writer(outputPath().c_str());
+            outcome.add = writer.add(wall);
+            outcome.write = writer.create3DDxf();
+        });
+    });
+}
+
+TEST(AllocationFault, AddAndWriteIn2DSayThatMemoryRanOut) {
+    failEachAllocation([] {
+        return outcomeOf([](Outcome& outcome) {
+            RasterPlanWriter writer(outputPath().c_str());
+            outcome.add = writer.add(wall);
+            if (outcome.add == RasterPlanWriter::Success)
+                outcome.write = writer.create2DDxf({0, 0, 0}, {1, 0, 0}, {0, 0, 1});
+        });
+    });
+}
+
+TEST(AllocationFault, ProposingAPlaneThrows) {
+    RasterPlanWriter writer(outputPath().c_str());
+    ASSERT_EQ(writer.add(wall), RasterPlanWriter::Success);
+    ASSERT_EQ(writer.add(nextWall), RasterPlanWriter::Success);
+    failEachAllocation([&] {
+        return outcomeOf([&](Outcome& outcome) {
+            TripleDouble origin, xAxis, yAxis;
+            outcome.add = writer.calcMiddledImagePlaneReferenceCoordSystem3D(origin, xAxis, yAxis);
+        });
+    });
+}
+
+TEST(AllocationFault, FacadeThatRanOutOfMemoryCanBeUsedAndDestroyed) {
+    const std::wstring path = outputPath();
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+        const long before = livingAllocations();
+        {
+            RasterPlanWriter writer(path.c_str());
+            {
+                const FailingAllocation failing(number);
+                writer.add(wall);
+                writer.create3DDxf();
+                failed = failing.hasFailed();
+            }
+            const Result write = writer.create3DDxf();
+            EXPECT_TRUE(write == RasterPlanWriter::Success || write == RasterPlanWriter::DxfFailure)
+                << "allocation " << number << ": " << write;
+            EXPECT_EQ(writer.add(nextWall), RasterPlanWriter::Success) << "allocation " << number;
+        }
+        EXPECT_EQ(livingAllocations(), before) << "allocation " << number;
+    }
+}
+
+TEST(AllocationFault, ImageStaysAsItWas) {
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+        const long before = livingAllocations();
+        {
+            ImageParam image = wall;
+            {
+                const FailingAllocation failing(number);
+                try {
+                    image.setImagePath(L"another path that no small buffer holds/north.png");
+                    ImageParam copy(image);
+                    copy = nextWall;
+                    image = copy;
+                } catch (const std::bad_alloc&) {
+                    EXPECT_TRUE(failing.hasFailed());
+                }
+                failed = failing.hasFailed();
+            }
+            const std::wstring path = image.getImagePath();
+            EXPECT_TRUE(path.ends_with(number == 1 ? L"south.png"
+                                       : failed    ? L"north.png"
+                                                   : L"west.png"))
+                << "allocation " << number;
+            EXPECT_EQ(image.getLeftBottomCorner().x, failed ? 1 : 9) << "allocation " << number;
+        }
+        EXPECT_EQ(livingAllocations(), before) << "allocation " << number;
+    }
+}

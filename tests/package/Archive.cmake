@@ -1,0 +1,37 @@
+# Packs a build tree, unpacks every archive in a folder with an unusual name, and exports the example site with
+# the program found there.
+# BUILD, CONFIG, FOLDER; SITE: the site's file; EMULATOR: what the program runs under, or empty.
+include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
+
+file(REMOVE_RECURSE ${FOLDER})
+file(MAKE_DIRECTORY ${FOLDER})
+run(${CMAKE_CPACK_COMMAND} --config ${BUILD}/CPackConfig.cmake -C ${CONFIG} -B ${FOLDER})
+
+file(GLOB archives ${FOLDER}/*.zip ${FOLDER}/*.tar.gz ${FOLDER}/*.deb)
+if(archives STREQUAL "")
+  message(FATAL_ERROR "no archive in ${FOLDER}")
+endif()
+foreach(archive IN LISTS archives)
+  cmake_path(GET archive EXTENSION LAST_ONLY kind)
+  set(place "${FOLDER}/Pläne 図面 ${kind}")
+  file(MAKE_DIRECTORY ${place})
+  if(kind STREQUAL ".deb")
+    run(dpkg-deb -x ${archive} ${place})
+    execute_process(COMMAND dpkg-deb -f ${archive} Depends OUTPUT_VARIABLE depends COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT depends MATCHES "libstdc\\+\\+6 \\(" OR NOT depends MATCHES "libc6 \\(")
+      message(FATAL_ERROR "${archive} depends on: ${depends}")
+    endif()
+  else()
+    run_in(${place} ${CMAKE_COMMAND} -E tar xf ${archive})
+  endif()
+  file(GLOB_RECURSE program ${place}/rasterplan ${place}/rasterplan.exe)
+  run_in(${place} ${EMULATOR} ${program} 3d ${SITE} site.dxf)
+  file(STRINGS ${place}/site.dxf pictures REGEX "^AcDbRasterImage$")
+  list(LENGTH pictures count)
+  math(EXPR count "${count} - 1") # the class has the name too
+  file(STRINGS ${SITE} listed REGEX "\"path\"")
+  list(LENGTH listed expected)
+  if(NOT count EQUAL expected)
+    message(FATAL_ERROR "${place}/site.dxf holds ${count} pictures, ${expected} are listed")
+  endif()
+endforeach()

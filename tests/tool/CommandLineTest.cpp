@@ -1,0 +1,175 @@
+#include "CommandLine.h"
+
+#include "Failure.h"
+#include "PathText.h"
+
+#include <gtest/gtest.h>
+
+namespace rasterplan_tool {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+CommandLine parsed(const Arguments& arguments) {
+    const CommandLineResult result = parseCommandLine(arguments);
+    EXPECT_EQ(result.answer, "");
+    return result.commandLine.value();
+}
+
+std::string failureOf(const Arguments& arguments) {
+    try {
+        parseCommandLine(arguments);
+    } catch (const BadInput& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+Arguments with2d(const Arguments& options) {
+    Arguments arguments{"2d", "SITE.json", "out.dxf"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return arguments;
+}
+
+} // namespace
+
+TEST(CommandLine, Write3d) {
+    const CommandLine line = parsed({"3d", "a/SÜTE.json", "out 1.dxf"});
+    EXPECT_EQ(line.command, Command::Write3d);
+    EXPECT_EQ(utf8FromPath(line.site), "a/SÜTE.json");
+    EXPECT_EQ(utf8FromPath(line.output), "out 1.dxf");
+    EXPECT_EQ(line.pathForm, PathForm::Absolute);
+}
+
+TEST(CommandLine, PathForms) {
+    EXPECT_EQ(parsed({"3d", "s", "o", "--paths", "absolute"}).pathForm, PathForm::Absolute);
+    EXPECT_EQ(parsed({"3d", "s", "o", "--paths=relative"}).pathForm, PathForm::Relative);
+    EXPECT_EQ(parsed({"2d", "--paths", "as-given", "s", "o"}).pathForm, PathForm::AsGiven);
+}
+
+TEST(CommandLine, Write2dInTheProposedPlane) {
+    const CommandLine line = parsed({"2d", "s", "o"});
+    EXPECT_EQ(line.command, Command::Write2d);
+    EXPECT_FALSE(line.plane.has_value());
+    EXPECT_FALSE(line.angleTolerance.has_value());
+    EXPECT_FALSE(line.distanceTolerance.has_value());
+}
+
+TEST(CommandLine, Write2dInAPlaneOfTheUsersOwn) {
+    const CommandLine line =
+        parsed(with2d({"--origin", "-1.5,2, 3e2", "--x-axis=-0.5,0.5,0", "--y-axis", "0,0,1",
+                       "--angle-tolerance", "0.25", "--distance-tolerance", "0"}));
+    ASSERT_TRUE(line.plane.has_value());
+    EXPECT_EQ(line.plane->origin.x, -1.5);
+    EXPECT_EQ(line.plane->origin.z, 300.0);
+    EXPECT_EQ(line.plane->xAxis.x, -0.5);
+    EXPECT_EQ(line.plane->yAxis.z, 1.0);
+    EXPECT_EQ(line.angleTolerance, 0.25);
+    EXPECT_EQ(line.distanceTolerance, 0.0);
+}
+
+TEST(CommandLine, ShowPlane) {
+    EXPECT_EQ(parsed({"plane", "s"}).command, Command::ShowPlane);
+    EXPECT_FALSE(parsed({"plane", "s"}).json);
+    EXPECT_TRUE(parsed({"plane", "s", "--json"}).json);
+}
+
+TEST(CommandLine, PathsMayBeginWithAnything) {
+    EXPECT_EQ(utf8FromPath(parsed({"3d", "/x/s", "/y/o"}).site), "/x/s");
+    EXPECT_EQ(utf8FromPath(parsed({"3d", "--", "-s", "-o"}).site), "-s");
+}
+
+TEST(CommandLine, HelpAndVersionAreAnswers) {
+    for (const Arguments& arguments :
+         {Arguments{"--help"}, Arguments{"-h"}, Arguments{"3d", "--help"}, Arguments{"2d", "-h"}}) {
+        const CommandLineResult result = parseCommandLine(arguments);
+        EXPECT_FALSE(result.commandLine.has_value());
+        EXPECT_NE(result.answer.find("Usage: rasterplan"), std::string::npos);
+    }
+    EXPECT_NE(parseCommandLine({"--help"}).answer.find("\"pixelsPerUnit\": 200.0"), std::string::npos);
+    EXPECT_EQ(parseCommandLine({"--version"}).answer.find("rasterplan "), 0U);
+}
+
+TEST(CommandLine, LinesOfTheHelpFitATerminal) {
+    for (const Arguments& arguments : {Arguments{"--help"}, Arguments{"3d", "--help"},
+                                       Arguments{"2d", "--help"}, Arguments{"plane", "--help"}}) {
+        const std::string answer = parseCommandLine(arguments).answer;
+        for (std::size_t start = 0; start < answer.size();) {
+            const std::size_t end = std::min(answer.find('\n', start), answer.size());
+            EXPECT_LE(end - start, 88U) << answer.substr(start, end - start);
+            start = end + 1;
+        }
+    }
+}
+
+TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
+    const struct {
+        Arguments arguments;
+        const char* words;
+    } cases[] = {
+        {{}, "no command is given; the commands are 3d, 2d and plane"},
+        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d and plane"},
+        {{"3d"}, "SITE.json is required"},
+        {{"3d", "s"}, "OUT.dxf is required"},
+        {{"3d", "s", "o", "x"}, "x"},
+        {{"3d", "s", "o", "--origin", "0,0,0"}, "--origin"},
+        {{"plane"}, "SITE.json is required"},
+        {{"plane", "s", "o"}, "o"},
+        {{"3d", "s", "o", "--paths", "some"}, "--paths: some not in {absolute,relative,as-given}"},
+        {{"3d", "s", "o", "--paths"}, "--paths"},
+    };
+    for (const auto& wrong : cases) {
+        const std::string failure = failureOf(wrong.arguments);
+        EXPECT_NE(failure.find(wrong.words), std::string::npos) << failure;
+        EXPECT_NE(failure.find("; \"rasterplan --help\" shows the usage"), std::string::npos) << failure;
+    }
+}
+
+TEST(CommandLine, PlaneNeedsAllThreeOptions) {
+    const Arguments options[] = {{"--origin=0,0,0"}, {"--x-axis=1,0,0"}, {"--y-axis=0,1,0"}};
+    for (int set = 1; set < 7; ++set) {
+        Arguments arguments = with2d({});
+        for (std::size_t i = 0; i < 3; ++i) {
+            if ((set >> i & 1) != 0) {
+                arguments.push_back(options[i][0]);
+            }
+        }
+        EXPECT_EQ(failureOf(arguments),
+                  "a plane needs --origin, --x-axis and --y-axis together; give all three, or "
+                  "none for the proposed plane")
+            << set;
+    }
+}
+
+TEST(CommandLine, TriplesAreThreeNumbers) {
+    for (const char* text : {"1,2", "1,2,3,4", "1,2,", ",1,2", "1 2 3", "1,2,x", "1,2,nan", "1,2,inf",
+                             "1,2,1e400", "1,2,1e19", "1;2;3", "1,,3"}) {
+        EXPECT_EQ(failureOf(with2d({"--x-axis", "1,0,0", "--y-axis", "0,1,0", "--origin", text}))
+                      .find("--origin: \"" + std::string(text) + "\" is not x,y,z; write three numbers"),
+                  0U)
+            << text;
+    }
+}
+
+TEST(CommandLine, AxesMustSpanAPlane) {
+    EXPECT_EQ(
+        failureOf(with2d({"--origin", "0,0,0", "--x-axis", "1,1,1", "--y-axis", "-2,-2,-2"})),
+        "--x-axis 1,1,1 and --y-axis -2,-2,-2 span no plane: one of them is zero, or they are parallel; give "
+        "two directions at a right angle");
+    EXPECT_NE(
+        failureOf(with2d({"--origin", "0,0,0", "--x-axis", "0,0,0", "--y-axis", "0,1,0"})).find("no plane"),
+        std::string::npos);
+}
+
+TEST(CommandLine, TolerancesAreNumbersNotBelowZero) {
+    for (const char* text : {"x", "-1", "1,5", "nan", "inf"}) {
+        EXPECT_EQ(failureOf(with2d({"--angle-tolerance", text})),
+                  "--angle-tolerance: \"" + std::string(text) +
+                      "\" is not a number that fits; write 0 or more, such as 0.5");
+        EXPECT_NE(failureOf(with2d({"--distance-tolerance", text})).find("--distance-tolerance: \""),
+                  std::string::npos);
+    }
+}
+
+} // namespace rasterplan_tool

@@ -1,0 +1,175 @@
+#include "PendingDrawing.h"
+
+#include "Failure.h"
+#include "PathText.h"
+#include "TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+
+namespace {
+
+constexpr std::string_view complete = "0\r\nSECTION\r\n  0\r\nEOF\r\n";
+
+std::string failureOf(const fs::path& output) {
+    try {
+        const PendingDrawing pending(output);
+    } catch (const ExportFailed& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+} // namespace
+
+TEST(PendingDrawing, ReplacesTheDestinationOnlyAtTheEnd) {
+    const TestFolder folder;
+    const fs::path output = writeFile(folder / "out.dxf", "old");
+    {
+        PendingDrawing pending(output);
+        EXPECT_EQ(pending.destination(), output);
+        EXPECT_EQ(pending.temporary().parent_path(), folder.path());
+        writeFile(pending.temporary(), complete);
+        EXPECT_EQ(readBytes(output), "old");
+        EXPECT_EQ(pending.putInPlace(), complete.size());
+    }
+    EXPECT_EQ(readBytes(output), complete);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
+}
+
+TEST(PendingDrawing, CreatesAMissingDestination) {
+    const TestFolder folder;
+    PendingDrawing pending(folder / "neü.dxf");
+    writeFile(pending.temporary(), complete);
+    pending.putInPlace();
+    EXPECT_EQ(readBytes(folder / "neü.dxf"), complete);
+}
+
+TEST(PendingDrawing, GivenUpItLeavesNothingBehind) {
+    const TestFolder folder;
+    const fs::path output = writeFile(folder / "out.dxf", "old");
+    {
+        const PendingDrawing pending(output);
+        writeFile(pending.temporary(), "half");
+    }
+    EXPECT_EQ(readBytes(output), "old");
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
+}
+
+TEST(PendingDrawing, IncompleteDrawingsAreDiscarded) {
+    for (std::size_t length = 0; length + 2 < complete.size(); ++length) {
+        const TestFolder folder;
+        const fs::path output = writeFile(folder / "out.dxf", "old");
+        {
+            PendingDrawing pending(output);
+            writeFile(pending.temporary(), complete.substr(0, length));
+            EXPECT_THROW(pending.putInPlace(), ExportFailed) << length;
+        }
+        EXPECT_EQ(readBytes(output), "old");
+        EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
+    }
+}
+
+TEST(PendingDrawing, DrawingThatWasNeverWrittenIsAFailure) {
+    const TestFolder folder;
+    PendingDrawing pending(folder / "out.dxf");
+    EXPECT_THROW(pending.putInPlace(), ExportFailed);
+}
+
+TEST(PendingDrawing, EndIsFoundBehindEmptyLinesAndInLongDrawings) {
+    for (const std::string& text : {std::string("0\r\nEOF\r\n\r\n"), std::string("0\nEOF"),
+                                    std::string(100000, 'x') + "\r\n0\r\nEOF\r\n"}) {
+        const TestFolder folder;
+        PendingDrawing pending(folder / "out.dxf");
+        writeFile(pending.temporary(), text);
+        EXPECT_EQ(pending.putInPlace(), text.size());
+    }
+}
+
+TEST(PendingDrawing, WrongEndsAreFound) {
+    for (const std::string_view text :
+         {"0\r\nENDSEC\r\n", "10\r\nEOF\r\n", "0\r\nxEOF\r\n", "EOF\r\n", "\r\n\r\n"}) {
+        const TestFolder folder;
+        PendingDrawing pending(folder / "out.dxf");
+        writeFile(pending.temporary(), text);
+        EXPECT_THROW(pending.putInPlace(), ExportFailed) << text;
+    }
+}
+
+TEST(PendingDrawing, UnusablePlacesAreRefusedInWords) {
+    const TestFolder folder;
+    const std::string name = quoted(folder.path());
+    EXPECT_EQ(failureOf(""), "the output path is empty; name a file, such as site.dxf");
+    EXPECT_EQ(failureOf(folder.path()), name + ": this is a folder; name a file in it, such as site.dxf");
+    EXPECT_NE(failureOf(folder / "new/").find(": this is a folder; name a file in it"), std::string::npos);
+    EXPECT_EQ(failureOf(folder / "no/out.dxf"), quoted(folder / "no/out.dxf") + ": the folder " +
+                                                    quoted(folder / "no") +
+                                                    " does not exist; create it or name another one");
+    writeFile(folder / "file", "");
+    EXPECT_NE(failureOf(folder / "file/out.dxf").find("does not exist; create it"), std::string::npos);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"file"});
+}
+
+TEST(PendingDrawing, WriteProtectedFileIsRefused) {
+    const TestFolder folder;
+    const auto writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    fs::path output = writeFile(folder / "out.dxf", "old");
+    fs::permissions(output, writing, fs::perm_options::remove);
+    const fs::path protectedFromAll = "/sys/kernel/uevent_seqnum";
+    if (std::ofstream(output, std::ios::app).is_open() && fs::exists(protectedFromAll)) {
+        output = protectedFromAll; // the superuser may write to the other
+    }
+    EXPECT_NE(
+        failureOf(output).find(": the file exists and cannot be written; take away its write protection"),
+        std::string::npos);
+    fs::permissions(folder / "out.dxf", fs::perms::owner_write, fs::perm_options::add);
+}
+
+#ifndef _WIN32
+TEST(PendingDrawing, DevicesAreRefused) {
+    EXPECT_EQ(failureOf("/dev/null"),
+              "\"/dev/null\": this is a device or a pipe; a drawing can only be written to a file");
+}
+
+TEST(PendingDrawing, LinkStaysALink) {
+    const TestFolder folder;
+    fs::create_directory(folder / "real");
+    fs::create_symlink("real/site.dxf", folder / "link.dxf");
+    fs::create_symlink(folder / "link.dxf", folder / "second.dxf");
+    for (const char* round : {"the target is missing", "the target exists"}) {
+        PendingDrawing pending(folder / "second.dxf");
+        EXPECT_EQ(pending.destination(), folder / "real/site.dxf") << round;
+        EXPECT_EQ(pending.temporary().parent_path(), folder / "real") << round;
+        writeFile(pending.temporary(), complete);
+        pending.putInPlace();
+    }
+    EXPECT_TRUE(fs::is_symlink(folder / "second.dxf"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link.dxf"));
+    EXPECT_EQ(readBytes(folder / "real/site.dxf"), complete);
+}
+
+TEST(PendingDrawing, LinksInACircleAreRefused) {
+    const TestFolder folder;
+    fs::create_symlink("b.dxf", folder / "a.dxf");
+    fs::create_symlink("a.dxf", folder / "b.dxf");
+    EXPECT_NE(failureOf(folder / "a.dxf").find("the symbolic links lead in a circle"), std::string::npos);
+}
+
+TEST(PendingDrawing, PermissionsOfTheReplacedFileStay) {
+    const TestFolder folder;
+    const fs::path output = writeFile(folder / "out.dxf", "old");
+    const auto permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+    fs::permissions(output, permissions);
+    PendingDrawing pending(output);
+    writeFile(pending.temporary(), complete);
+    pending.putInPlace();
+    EXPECT_EQ(fs::status(output).permissions(), permissions);
+}
+#endif
+
+} // namespace rasterplan_tool

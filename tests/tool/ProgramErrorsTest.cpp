@@ -1,0 +1,282 @@
+// Every mistake and mishap: the status is not 0, the words say what, where and what to do, an existing
+// drawing stays, and nothing is left beside it.
+
+#include "PathText.h"
+#include "Program.h"
+#include "TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+
+namespace {
+
+class ProgramErrors : public testing::Test {
+protected:
+    ProgramErrors() {
+        fs::copy_file(testData("grey-17x9.png"), m_folder / "a.png");
+        writeFile(m_folder / "SITE.json", siteText({imageText("a.png")}));
+        writeFile(m_folder / "out.dxf", "good drawing");
+    }
+
+    std::string at(std::string_view entry) const { return utf8FromPath(m_folder / entry); }
+
+    // Runs the program, which must fail with this status and these words and leave everything as it was.
+    void expectFailure(const std::vector<std::string>& arguments, int status, const std::string& words,
+                       const ProgramSetting& setting = {}) {
+        const std::vector<std::string> before = m_folder.names();
+        const ProgramResult result = runProgram(arguments, setting);
+        EXPECT_EQ(result.status, status) << result.err;
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find("rasterplan: error: "), std::string::npos) << result.err;
+        EXPECT_NE(result.err.find(words), std::string::npos) << result.err;
+        EXPECT_NE(result.err.find("; "), std::string::npos) << "says nothing to do: " << result.err;
+        EXPECT_EQ(readBytes(m_folder / "out.dxf"), "good drawing");
+        EXPECT_EQ(m_folder.names(), before);
+    }
+
+    void expectSiteFailure(const std::string& site, const std::string& words) {
+        writeFile(m_folder / "SITE.json", site);
+        for (const char* command : {"3d", "2d"}) {
+            expectFailure({command, at("SITE.json"), at("out.dxf")}, 2, words);
+        }
+        expectFailure({"plane", at("SITE.json")}, 2, words);
+    }
+
+    TestFolder m_folder;
+};
+
+std::string siteWithCorners(const std::string& corners) {
+    return "{\"images\": [\n{\"path\": \"a.png\", \"pixelsPerUnit\": 100, " + corners + "}]}";
+}
+
+} // namespace
+
+TEST_F(ProgramErrors, WrongCommandLine) {
+    expectFailure({}, 2, "no command is given");
+    expectFailure({"4d"}, 2, "\"4d\" is no command; the commands are 3d, 2d and plane");
+    expectFailure({"3d", at("SITE.json")}, 2, "OUT.dxf is required");
+    expectFailure({"3d", at("SITE.json"), at("out.dxf"), "--paths", "x"}, 2, "--paths: x not in");
+    expectFailure({"2d", at("SITE.json"), at("out.dxf"), "--origin", "1,2"}, 2, "give all three");
+    expectFailure({"2d", at("SITE.json"), at("out.dxf"), "--origin=1,2", "--x-axis=1,0,0", "--y-axis=0,1,0"},
+                  2, "--origin: \"1,2\" is not x,y,z");
+    expectFailure(
+        {"2d", at("SITE.json"), at("out.dxf"), "--origin=0,0,0", "--x-axis=1,0,0", "--y-axis=1,0,0"}, 2,
+        "span no plane");
+}
+
+TEST_F(ProgramErrors, UnusableSiteFile) {
+    for (const char* command : {"3d", "2d"}) {
+        expectFailure({command, at("no.json"), at("out.dxf")}, 2,
+                      '"' + at("no.json") + "\": there is no such file");
+        expectFailure({command, utf8FromPath(m_folder.path()), at("out.dxf")}, 2, "this is a folder");
+    }
+    expectFailure({"plane", at("no.json")}, 2, "there is no such file");
+}
+
+TEST_F(ProgramErrors, WrongSite) {
+    const std::string place = at("SITE.json");
+    expectSiteFailure("", place + ":1: this is not valid JSON (UTF-8)");
+    expectSiteFailure("{\"images\": [\n{\"path\": \"a\"\n \"leftTop\"",
+                      place + ":3: this is not valid JSON (UTF-8)");
+    expectSiteFailure("{\"images\": []}", place + ":1: the site, field \"images\": is an empty list");
+    expectSiteFailure("{\"images\": [\n{}]}", place + ":2: image 1 has no field \"path\"");
+    expectSiteFailure("{\"unit\": \"Metres\",\n\"images\": []}",
+                      place + ":1: the site, field \"unit\": is \"Metres\", which is no unit");
+    std::string site = siteText({imageText("a.png")});
+    expectSiteFailure(site.replace(site.find("100}"), 3, "\n0"),
+                      place + ":3: image 1, field \"pixelsPerUnit\": is 0; write a number greater than 0");
+}
+
+TEST_F(ProgramErrors, ImagesThatAreNoRectangles) {
+    const std::string place = at("SITE.json") + ":2: image 1 (\"a.png\"): ";
+    expectSiteFailure(
+        siteWithCorners(R"("leftTop": [0,0.1,1], "leftBottom": [0,0,0], "rightBottom": [0,2,0])"),
+        place +
+            "the corners are no rectangle: the angle at leftBottom is 84.289 degrees instead of 90; correct");
+    expectSiteFailure(
+        siteWithCorners(R"("leftTop": [0,0,1], "leftBottom": [0,0,0], "rightBottom": [1e-11,0,0])"),
+        place + "the corners are no rectangle: it is 1e-11 wide and 1 high; correct");
+    expectSiteFailure(
+        siteWithCorners(R"("leftTop": [0,0,1], "leftBottom": [0,0,0], "rightBottom": [5e-324,0,0])"), place);
+    expectSiteFailure(siteWithCorners(R"("leftTop": [0,0,1], "leftBottom": [1,2,3], "rightBottom": [1,2,3])"),
+                      "image 1, field \"rightBottom\": is the same point as leftBottom");
+}
+
+TEST_F(ProgramErrors, EveryImageThatIsNoRectangleIsNamed) {
+    const std::string skew =
+        R"({"path": "b.png", "leftTop": [1,0,1], "leftBottom": [0,0,0], "rightBottom": [1,0,0], "pixelsPerUnit": 1})";
+    writeFile(m_folder / "SITE.json", siteText({skew, imageText("a.png"), skew}));
+    const ProgramResult result = runProgram({"3d", at("SITE.json"), at("out.dxf")});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.err.find(":2: image 1 (\"b.png\"): the corners are no rectangle"), std::string::npos);
+    EXPECT_NE(result.err.find(":4: image 3 (\"b.png\"): the corners are no rectangle"), std::string::npos);
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2) << result.err;
+}
+
+TEST_F(ProgramErrors, ImagesWithoutACommonPlane) {
+    const std::string opposite =
+        R"({"path": "b.png", "leftTop": [1,0,1], "leftBottom": [1,0,0], "rightBottom": [0,0,0], "pixelsPerUnit": 1})";
+    writeFile(m_folder / "SITE.json", siteText({imageText("a.png"), opposite}));
+    expectFailure({"plane", at("SITE.json")}, 2, "the images have no common plane");
+    expectFailure({"2d", at("SITE.json"), at("out.dxf")}, 2, "the images have no common plane");
+}
+
+TEST_F(ProgramErrors, UnusableOutput) {
+    for (const char* command : {"3d", "2d"}) {
+        expectFailure({command, at("SITE.json"), at("no/out.dxf")}, 1,
+                      "the folder \"" + at("no") + "\" does not exist; create it");
+        expectFailure({command, at("SITE.json"), utf8FromPath(m_folder.path())}, 1,
+                      "this is a folder; name a file");
+        expectFailure({command, at("SITE.json"), ""}, 1, "the output path is empty");
+    }
+}
+
+TEST_F(ProgramErrors, OutputThatWouldReplaceTheInput) {
+    const std::string site = readBytes(m_folder / "SITE.json");
+    const std::string picture = readBytes(m_folder / "a.png");
+    expectFailure({"3d", at("SITE.json"), at("SITE.json")}, 2, "this is SITE.json itself");
+    expectFailure({"3d", at("SITE.json"), at("a.png")}, 2, "this is the picture of image 1");
+    EXPECT_EQ(readBytes(m_folder / "SITE.json"), site);
+    EXPECT_EQ(readBytes(m_folder / "a.png"), picture);
+    writeFile(m_folder / "SITE.json", siteText({imageText("a.png"), imageText("./missing.png")}));
+    expectFailure({"3d", at("SITE.json"), at("missing.png")}, 2, "this is the picture of image 2");
+}
+
+#ifdef _WIN32
+TEST_F(ProgramErrors, NoPathToAPictureOnAnotherDrive) {
+    writeFile(m_folder / "SITE.json", siteText({imageText("Q:/bilder/a.png")}));
+    expectFailure({"3d", at("SITE.json"), at("out.dxf"), "--paths", "relative"}, 2,
+                  "the picture is on another drive than the drawing");
+}
+#endif
+
+namespace {
+
+// A copy of the program with a library of its own, so that the template beside it can be damaged.
+class ProgramWithOwnTemplate : public ProgramErrors {
+protected:
+    ProgramWithOwnTemplate() {
+        const fs::path executable = pathFromUtf8(RASTERPLAN_EXE);
+        const fs::path library = pathFromUtf8(RASTERPLAN_LIBRARY);
+        fs::copy_file(executable, m_programFolder.path() / executable.filename());
+        if (library.extension() != ".a" && library.extension() != ".lib") {
+            // on Linux the program asks for the library by the name with the major version
+            const std::string stem = utf8FromPath(library.stem().stem().stem().stem());
+            for (const fs::directory_entry& entry : fs::directory_iterator(library.parent_path())) {
+                if (utf8FromPath(entry.path().filename()).starts_with(stem + '.')) {
+                    fs::copy_file(entry.path(), m_programFolder.path() / entry.path().filename());
+                }
+            }
+        }
+        m_setting.executable = m_programFolder.path() / executable.filename();
+#ifndef _WIN32
+        m_setting.shellBefore =
+            "LD_LIBRARY_PATH='" + utf8FromPath(m_programFolder.path()) + "'; export LD_LIBRARY_PATH; ";
+#endif
+        m_template = m_programFolder / "PrepImageAbschnitte_2010.template";
+    }
+
+    void expectFailureOfBoth(const std::string& words) {
+        for (const char* command : {"3d", "2d"}) {
+            expectFailure({command, at("SITE.json"), at("out.dxf")}, 1, words, m_setting);
+        }
+    }
+
+    TestFolder m_programFolder;
+    ProgramSetting m_setting;
+    fs::path m_template;
+};
+
+} // namespace
+
+TEST_F(ProgramWithOwnTemplate, MissingTemplate) {
+    expectFailureOfBoth(
+        "the file \"PrepImageAbschnitte_2010.template\" is missing beside the RasterPlanWriter "
+        "library or cannot be read; install the program again");
+}
+
+TEST_F(ProgramWithOwnTemplate, DamagedTemplate) {
+    for (const std::string& text :
+         {std::string("0\nSECTION\n#UNKNOWN#\n0\nEOF\n"), std::string(600, 'x') + "\n0\nEOF\n"}) {
+        writeFile(m_template, text);
+        expectFailureOfBoth(
+            "the drawing could not be completed, because the file "
+            "\"PrepImageAbschnitte_2010.template\" beside the RasterPlanWriter library is damaged");
+    }
+}
+
+TEST_F(ProgramWithOwnTemplate, CutTemplateYieldsNoDrawing) {
+    for (const char* text : {"", "0\nSECTION\n", "0\nEO"}) {
+        writeFile(m_template, text);
+        expectFailureOfBoth("the drawing came out incomplete and was discarded");
+    }
+}
+
+TEST_F(ProgramWithOwnTemplate, WholeTemplateWorksFromThere) {
+    writeFile(m_template, "0\r\nEOF\r\n");
+    const ProgramResult result = runProgram({"3d", at("SITE.json"), at("new.dxf")}, m_setting);
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(readBytes(m_folder / "new.dxf").substr(0, 8), "0\r\nEOF\r\n");
+}
+
+#ifndef _WIN32
+
+TEST_F(ProgramErrors, FullDisk) {
+    // a file may grow to four blocks only; the library cannot notice
+    expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1,
+                  '"' + at("out.dxf") +
+                      "\": the drawing came out incomplete and was discarded; the disk is probably full",
+                  afterShell("trap '' XFSZ; ulimit -f 4; "));
+}
+
+TEST_F(ProgramErrors, FolderInWhichNothingCanBeCreated) {
+    const fs::path folder = "/sys/kernel";
+    if (!fs::is_directory(folder)) {
+        GTEST_SKIP() << "this system has no folder that nobody can write to";
+    }
+    expectFailure(
+        {"3d", at("SITE.json"), "/sys/kernel/out.dxf"}, 1,
+        "\"/sys/kernel/out.dxf\": no file can be created in the output folder; check that you may write "
+        "there");
+}
+
+TEST_F(ProgramErrors, FileThatCannotBeWritten) {
+    const fs::path file = "/sys/kernel/uevent_seqnum";
+    if (!fs::is_regular_file(file)) {
+        GTEST_SKIP() << "this system has no file that nobody can write to";
+    }
+    expectFailure({"3d", at("SITE.json"), utf8FromPath(file)}, 1,
+                  "the file exists and cannot be written; take away");
+}
+
+TEST_F(ProgramErrors, OutputOnADevice) {
+    expectFailure({"3d", at("SITE.json"), "/dev/null"}, 1, "this is a device or a pipe");
+}
+
+TEST_F(ProgramErrors, ResultThatCannotBePrinted) {
+    if (!fs::exists("/dev/full")) {
+        GTEST_SKIP() << "this system has no device that is always full";
+    }
+    ProgramSetting setting;
+    setting.output = "/dev/full";
+    expectFailure({"plane", at("SITE.json")}, 1, "the result could not be printed", setting);
+    expectFailure({"--help"}, 1, "the result could not be printed", setting);
+}
+
+TEST_F(ProgramErrors, FolderWhoseNameIsNoText) {
+    const std::string folder = utf8FromPath(m_folder.path()) + "/b\xFF";
+    fs::create_directory(folder);
+    expectFailure({"3d", at("SITE.json"), folder + "/out.dxf"}, 2, "is not valid Unicode text");
+    fs::copy_file(m_folder / "SITE.json", folder + "/SITE.json");
+    expectFailure({"3d", folder + "/SITE.json", at("out.dxf")}, 2, "is not valid Unicode text");
+}
+
+#endif
+
+} // namespace rasterplan_tool

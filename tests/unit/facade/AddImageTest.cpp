@@ -1,0 +1,158 @@
+#include "facade/AddImage.h"
+
+#include "dxf/DocumentAssembly.h"
+#include "support/Images.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace rasterplan;
+using namespace rasterplan::test;
+
+namespace {
+
+struct Segment {
+    MathPoint3d start;
+    MathPoint3d end;
+
+    friend bool operator==(const Segment&, const Segment&) = default;
+    friend void PrintTo(const Segment& segment, std::ostream* out) {
+        for (const MathPoint3d& point : {segment.start, segment.end})
+            *out << '(' << point.x << ", " << point.y << ", " << point.z << ") ";
+    }
+};
+
+std::vector<Segment> segmentsOf(const Drawing& drawing) {
+    std::vector<Segment> segments;
+    for (const DxfLineObj& line : drawing.lines)
+        segments.push_back({line.start(), line.end()});
+    return segments;
+}
+
+/// The record of the viewport, filled.
+std::wstring viewOf(const Drawing& drawing) {
+    DxfSectionRegistry registry;
+    registry.fileSection(TopLevelKey::tableVPort, drawing.viewport.createSection());
+    drawing.viewport.fillSections(registry);
+    return registry.renderPlaceholder(L"#VEXO_TABLE_VPORT#");
+}
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+} // namespace
+
+TEST(AddImage, DrawsFrameAndMarks) {
+    Drawing drawing;
+    ASSERT_TRUE(addImage(drawing, levelImage({10, 20, 5}, 80, 40)));
+    const MathPoint3d leftBottom(10, 20, 5);
+    const MathPoint3d rightBottom(90, 20, 5);
+    const MathPoint3d leftTop(10, 60, 5);
+    const MathPoint3d rightTop(90, 60, 5);
+    EXPECT_EQ(segmentsOf(drawing), (std::vector<Segment>{{leftBottom, rightBottom},
+                                                         {leftBottom, leftTop},
+                                                         {rightBottom, rightTop},
+                                                         {leftTop, rightTop},
+                                                         {{6, 20, 5}, {8, 20, 5}},
+                                                         {{10, 16, 5}, {10, 18, 5}}}));
+}
+
+TEST(AddImage, LongerSideGivesTheLengthOfBothMarks) {
+    for (const auto& [width, height] :
+         {std::pair(80.0, 40.0), std::pair(40.0, 80.0), std::pair(80.0, 80.0)}) {
+        Drawing drawing;
+        ASSERT_TRUE(addImage(drawing, levelImage({0, 0, 0}, width, height)));
+        const std::vector<Segment> segments = segmentsOf(drawing);
+        EXPECT_EQ(segments[4], (Segment{{-4, 0, 0}, {-2, 0, 0}}));
+        EXPECT_EQ(segments[5], (Segment{{0, -4, 0}, {0, -2, 0}}));
+        EXPECT_EQ(distance(segments[4].start, segments[4].end), 80.0 / 40);
+    }
+}
+
+TEST(AddImage, NumbersImagesAndLines) {
+    DxfSectionRegistry registry;
+    Drawing drawing;
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(addImage(drawing, levelImage({10.0 * i, 0, 0}, 4, 2)));
+    EXPECT_EQ(drawing.images.count(), 3);
+    EXPECT_EQ(drawing.lines.count(), 18);
+
+    // A line writes its number until it has a handle; an image fills the dictionary's entry of its number.
+    buildSections(registry, drawing);
+    int number = 0;
+    for (const DxfLineObj& line : drawing.lines) {
+        line.fillSections(registry);
+        EXPECT_EQ(registry.getSectionValue(line.sectionKey(), L"#VEXO_ENTITYLINEHANDLE#"),
+                  std::to_wstring(++number));
+    }
+    const wchar_t* const names[] = {L"#VEXO_OBJ_NAMEOBJ#1", L"#VEXO_OBJ_NAMEOBJ#2", L"#VEXO_OBJ_NAMEOBJ#3"};
+    const wchar_t* const* name = names;
+    for (const DxfImageObj& image : drawing.images) {
+        EXPECT_EQ(registry.getSectionValue(TopLevelKey::objectDictionary, *name), L"");
+        image.fillSections(registry);
+        EXPECT_EQ(registry.getSectionValue(TopLevelKey::objectDictionary, *name++), L"plan.png");
+    }
+}
+
+TEST(AddImage, LinesCarryTheFrameOfTheirImage) {
+    Drawing drawing;
+    ASSERT_TRUE(addImage(drawing, imageAt({1, 2, 5}, {1, 2, 3}, {5, 2, 3})));
+    ASSERT_TRUE(addImage(drawing, levelImage({1, 2, 3}, 4, 2)));
+    for (DxfLineObj& line : drawing.lines)
+        line.transform(MathMatrix::identity4());
+    const std::vector<Segment> segments = segmentsOf(drawing);
+    EXPECT_EQ(segments[0], (Segment{{1, 3, -2}, {5, 3, -2}}));
+    EXPECT_EQ(segments[3], (Segment{{1, 5, -2}, {5, 5, -2}}));
+    EXPECT_EQ(segments[6], (Segment{{1, 2, 3}, {5, 2, 3}}));
+}
+
+TEST(AddImage, WidensTheView) {
+    Drawing drawing;
+    ASSERT_TRUE(addImage(drawing, levelImage({0, 0, 0}, 4, 2)));
+    const std::wstring one = viewOf(drawing);
+    EXPECT_NE(one.find(L"\n40\n2.00000000000000000\n41\n2.00000000000000000\n"), std::wstring::npos);
+    ASSERT_TRUE(addImage(drawing, levelImage({6, 0, 0}, 4, 2)));
+    EXPECT_NE(viewOf(drawing).find(L"\n40\n2.00000000000000000\n41\n5.00000000000000000\n"),
+              std::wstring::npos);
+}
+
+TEST(AddImage, RefusedImageChangesNothing) {
+    Drawing drawing;
+    ASSERT_TRUE(addImage(drawing, levelImage({0, 0, 0}, 4, 2)));
+    const std::wstring view = viewOf(drawing);
+    for (const ImageParam& image : {
+             ImageParam(),                                                  // no corners at all
+             imageAt({0, 1e-10, 0}, {0, 0, 0}, {9, 0, 0}),                  // too low
+             imageAt({0, 9, 0}, {0, 0, 0}, {1e-10, 0, 0}),                  // too narrow
+             imageAt({0.0011, 1, 0}, {0, 0, 0}, {1, 0, 0}),                 // not rectangular
+             imageAt({-0.0011, 1, 0}, {0, 0, 0}, {1, 0, 0}),                //
+             imageAt({2, 0, 0}, {0, 0, 0}, {1, 0, 0}),                      // both edges in one direction
+             imageAt({nan, 1, 0}, {0, 0, 0}, {1, 0, 0}),                    //
+             imageAt({0, 1, 0}, {0, 0, nan}, {1, 0, 0}),                    //
+             imageAt({0, 1, 0}, {0, 0, 0}, {1, nan, 0}),                    //
+             imageAt({0, infinity, 0}, {0, 0, 0}, {1, 0, 0}),               //
+             imageAt({0, 1, 0}, {-infinity, 0, 0}, {1, 0, 0}),              //
+             imageAt({0, 1, infinity}, {0, 0, infinity}, {1, 0, infinity}), //
+             imageAt({0, 1e200, 0}, {0, 0, 0}, {1e200, 0, 0}), // lengths beyond the largest double
+         }) {
+        EXPECT_FALSE(addImage(drawing, image)) << image.getImgWidth() << " x " << image.getImgHeight();
+    }
+    EXPECT_EQ(drawing.images.count(), 1);
+    EXPECT_EQ(drawing.lines.count(), 6);
+    EXPECT_EQ(viewOf(drawing), view);
+}
+
+TEST(AddImage, NearlyRectangularImageIsTaken) {
+    for (const ImageParam& image : {
+             imageAt({0.0009, 1, 0}, {0, 0, 0}, {1, 0, 0}),
+             imageAt({-0.0009, 1, 0}, {0, 0, 0}, {1, 0, 0}),
+             imageAt({0, 1.1e-10, 0}, {0, 0, 0}, {1.1e-10, 0, 0}),
+         }) {
+        Drawing drawing;
+        EXPECT_TRUE(addImage(drawing, image)) << image.getImgWidth() << " x " << image.getImgHeight();
+    }
+}

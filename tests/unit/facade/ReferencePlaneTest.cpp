@@ -1,0 +1,123 @@
+#include "facade/ReferencePlane.h"
+
+#include "base/Error.h"
+#include "facade/AddImage.h"
+#include "math/MathError.h"
+#include "support/Images.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+#include <stdexcept>
+
+using namespace rasterplan;
+using namespace rasterplan::test;
+
+namespace {
+
+Drawing drawingOf(std::initializer_list<ImageParam> images) {
+    Drawing drawing;
+    for (const ImageParam& image : images)
+        if (!addImage(drawing, image))
+            throw std::invalid_argument("not an image");
+    return drawing;
+}
+
+/// U is x and V is z: a wall that faces the negative y direction.
+ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
+    const TripleDouble& corner = leftBottom;
+    return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});
+}
+
+void expectPlane(const ReferencePlane& plane, const MathPoint3d& origin, const MathVector3d& xAxis,
+                 const MathVector3d& yAxis) {
+    EXPECT_NEAR(distance(plane.origin, origin), 0.0, 1e-9)
+        << plane.origin.x << ", " << plane.origin.y << ", " << plane.origin.z;
+    EXPECT_NEAR((plane.xAxis - xAxis).length(), 0.0, 1e-12)
+        << plane.xAxis.x << ", " << plane.xAxis.y << ", " << plane.xAxis.z;
+    EXPECT_NEAR((plane.yAxis - yAxis).length(), 0.0, 1e-12)
+        << plane.yAxis.x << ", " << plane.yAxis.y << ", " << plane.yAxis.z;
+}
+
+} // namespace
+
+TEST(ReferencePlane, OfOneImageIsItsOwn) {
+    const ReferencePlane plane = middledImagePlane(drawingOf({wall({1, 2, 3}, 4, 2)}));
+    EXPECT_EQ(plane.origin, MathPoint3d(1, 2, 3));
+    EXPECT_EQ(plane.xAxis, MathVector3d(1, 0, 0));
+    EXPECT_EQ(plane.yAxis, MathVector3d(0, 0, 1));
+}
+
+TEST(ReferencePlane, OriginIsTheCornerFurthestToTheLeft) {
+    const ReferencePlane plane =
+        middledImagePlane(drawingOf({wall({3, 5, 1}, 4, 2), wall({-6, 5, 2}, 4, 2)}));
+    expectPlane(plane, {-6, 5, 2}, {1, 0, 0}, {0, 0, 1});
+}
+
+TEST(ReferencePlane, EarlierImageWinsAmongEqual) {
+    expectPlane(middledImagePlane(drawingOf({wall({3, 5, 8}, 4, 2), wall({3, 5, 1}, 4, 2)})), {3, 5, 8},
+                {1, 0, 0}, {0, 0, 1});
+    expectPlane(middledImagePlane(drawingOf({wall({3, 5, 1}, 4, 2), wall({3, 5, 8}, 4, 2)})), {3, 5, 1},
+                {1, 0, 0}, {0, 0, 1});
+}
+
+TEST(ReferencePlane, LiesBetweenParallelImages) {
+    const ReferencePlane plane = middledImagePlane(
+        drawingOf({levelImage({4, 0, 2}, 1, 1), levelImage({1, 7, 9}, 1, 1), levelImage({3, 5, 4}, 1, 1)}));
+    expectPlane(plane, {1, 7, 5}, {1, 0, 0}, {0, 1, 0});
+}
+
+TEST(ReferencePlane, IsTheMeanOfTurnedImages) {
+    // A level image and a wall with the same U: the plane leans by 45 degrees.
+    const ReferencePlane plane =
+        middledImagePlane(drawingOf({levelImage({0, 0, 0}, 1, 1), wall({5, 0, 0}, 1, 1)}));
+    const double half = std::sqrt(0.5);
+    expectPlane(plane, {0, 0, 0}, {1, 0, 0}, {0, half, half});
+}
+
+TEST(ReferencePlane, YAxisIsAsLongAsTheSine) {
+    // Normals z and y, U vectors x and z: the means stand at 60 degrees.
+    const ReferencePlane plane =
+        middledImagePlane(drawingOf({levelImage({0, 0, 0}, 1, 1), imageAt({1, 0, 0}, {0, 0, 0}, {0, 0, 1})}));
+    EXPECT_NEAR(plane.xAxis.length(), 1.0, 1e-15);
+    EXPECT_NEAR(plane.yAxis.length(), std::sqrt(0.75), 1e-15);
+    EXPECT_NEAR(dot(plane.xAxis, plane.yAxis), 0.0, 1e-15);
+    const double root = std::sqrt(0.5);
+    EXPECT_NEAR((plane.xAxis - MathVector3d(root, 0, root)).length(), 0.0, 1e-15);
+    EXPECT_NEAR((plane.yAxis - MathVector3d(0.5, 0.5, -0.5)).length(), 0.0, 1e-15);
+}
+
+TEST(ReferencePlane, LosesNoDigitsFarFromZero) {
+    const ReferencePlane plane = middledImagePlane(drawingOf({wall({3512345.125, 5401234.5, 100.25}, 8, 4), //
+                                                              wall({3512341.125, 5401234.75, 100.5}, 2, 4)}));
+    EXPECT_EQ(plane.origin, MathPoint3d(3512341.125, 5401234.625, 100.5));
+}
+
+TEST(ReferencePlane, NormalsThatCancelOutAreRefused) {
+    const Drawing drawing =
+        drawingOf({levelImage({0, 0, 0}, 1, 1), imageAt({0, -1, 0}, {0, 0, 0}, {1, 0, 0})});
+    EXPECT_THROW(middledImagePlane(drawing), MathErrorZerovector);
+}
+
+TEST(ReferencePlane, EdgesThatCancelOutAreRefused) {
+    const Drawing drawing =
+        drawingOf({levelImage({0, 0, 0}, 1, 1), imageAt({0, -1, 0}, {0, 0, 0}, {-1, 0, 0})});
+    EXPECT_THROW(middledImagePlane(drawing), MathErrorZerovector);
+}
+
+TEST(ReferencePlane, MissingImageIsAnError) {
+    Drawing behind = drawingOf({levelImage({0, 0, 0}, 1, 1)});
+    behind.images.appendEmpty();
+    Drawing before;
+    before.images.appendEmpty();
+    addImage(before, levelImage({0, 0, 0}, 1, 1));
+    for (const Drawing* const drawing : {&behind, &before}) {
+        try {
+            middledImagePlane(*drawing);
+            ADD_FAILURE() << "the missing image was not missed";
+        } catch (const ZelkBase::Error& error) {
+            EXPECT_EQ(error.message(), ZelkBase::Text(L"Null pointer dereferenced"));
+        }
+    }
+}

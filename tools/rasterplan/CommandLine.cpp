@@ -1,0 +1,217 @@
+#include "CommandLine.h"
+
+#include "Failure.h"
+#include "NumberText.h"
+#include "PathText.h"
+#include "UnitNames.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <sstream>
+#include <string_view>
+
+namespace rasterplan_tool {
+
+namespace {
+
+// The names of the units in lines that fit a terminal.
+std::string unitHelp() {
+    constexpr std::size_t lineLength = 80;
+    std::string text = "  ";
+    std::size_t lineStart = 0;
+    const std::string names = allUnitNames();
+    std::string_view rest = names;
+    while (!rest.empty()) {
+        const std::size_t length = std::min(rest.find(' '), rest.size() - 1) + 1;
+        if (text.size() + length - lineStart > lineLength) {
+            text.back() = '\n';
+            lineStart = text.size();
+            text += "  ";
+        }
+        text += rest.substr(0, length);
+        rest.remove_prefix(length);
+    }
+    return text;
+}
+
+std::string footer() {
+    return R"(SITE.json (UTF-8):
+  {"unit": "Meters",
+   "images": [{"path": "south.png",
+               "leftTop": [x, y, z], "leftBottom": [x, y, z],
+               "rightBottom": [x, y, z], "pixelsPerUnit": 200.0}]}
+Paths are relative to SITE.json. "unit" may be left out (then Meters) and may
+stand in an image too. The units:
+)" + unitHelp() +
+           R"(
+
+Exit status: 0 done, perhaps with warnings; 1 the drawing could not be written;
+2 wrong command line or SITE.json. A run that fails leaves an existing OUT.dxf
+as it was.)";
+}
+
+// The texts of the options as the user typed them.
+struct OptionTexts {
+    std::string site;
+    std::string output;
+    std::string pathForm = "absolute";
+    std::string origin;
+    std::string xAxis;
+    std::string yAxis;
+    std::string angleTolerance;
+    std::string distanceTolerance;
+    bool json = false;
+};
+
+const std::map<std::string, PathForm> pathForms{
+    {"absolute", PathForm::Absolute}, {"relative", PathForm::Relative}, {"as-given", PathForm::AsGiven}};
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+TripleDouble parseTriple(std::string_view option, std::string_view text) {
+    std::array<double, 3> numbers{};
+    std::string_view rest = text;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const std::size_t comma = rest.find(',');
+        const bool last = i + 1 == numbers.size();
+        const std::optional<double> number = parseNumber(trimmed(rest.substr(0, comma)));
+        if (!number || std::abs(*number) > largestCoordinate || last != (comma == std::string_view::npos)) {
+            throw BadInput(std::string(option) + ": \"" + std::string(text) +
+                           "\" is not x,y,z; write three numbers with a point and commas between, such as "
+                           "1.5,0,-2");
+        }
+        numbers[i] = *number;
+        rest.remove_prefix(last ? rest.size() : comma + 1);
+    }
+    return {numbers[0], numbers[1], numbers[2]};
+}
+
+std::optional<double> parseTolerance(std::string_view option, const std::string& text) {
+    if (text.empty()) {
+        return std::nullopt;
+    }
+    const std::optional<double> number = parseNumber(text);
+    if (!number || *number < 0.0) {
+        throw BadInput(std::string(option) + ": \"" + text +
+                       "\" is not a number that fits; write 0 or more, such as 0.5");
+    }
+    return number;
+}
+
+std::optional<Plane> parsePlane(const OptionTexts& texts) {
+    if (texts.origin.empty() && texts.xAxis.empty() && texts.yAxis.empty()) {
+        return std::nullopt;
+    }
+    if (texts.origin.empty() || texts.xAxis.empty() || texts.yAxis.empty()) {
+        throw BadInput(
+            "a plane needs --origin, --x-axis and --y-axis together; give all three, or none for the "
+            "proposed plane");
+    }
+    const Plane plane{parseTriple("--origin", texts.origin), parseTriple("--x-axis", texts.xAxis),
+                      parseTriple("--y-axis", texts.yAxis)};
+    if (!spansPlane(plane)) {
+        throw BadInput("--x-axis " + texts.xAxis + " and --y-axis " + texts.yAxis +
+                       " span no plane: one of them is zero, or they are parallel; give two directions at a "
+                       "right angle");
+    }
+    return plane;
+}
+
+void addSite(CLI::App& command, OptionTexts& texts) {
+    command.add_option("SITE.json", texts.site, "The images and their places")->required();
+}
+
+void addOutput(CLI::App& command, OptionTexts& texts) {
+    command.add_option("OUT.dxf", texts.output, "The drawing to write")->required();
+    command
+        .add_option("--paths", texts.pathForm,
+                    "How the drawing names its pictures:\nabsolute (the default), "
+                    "relative (to OUT.dxf's folder)\nor as-given (the text of SITE.json)")
+        ->type_name("FORM")
+        ->check(CLI::IsMember({"absolute", "relative", "as-given"}).description(""));
+}
+
+void addPlane(CLI::App& command, OptionTexts& texts) {
+    command
+        .add_option("--origin", texts.origin,
+                    "A point of the plane; all three or none,\nthen the proposed plane")
+        ->type_name("X,Y,Z");
+    command.add_option("--x-axis", texts.xAxis, "The direction that becomes the drawing's x")
+        ->type_name("X,Y,Z");
+    command.add_option("--y-axis", texts.yAxis, "The direction that becomes the drawing's y")
+        ->type_name("X,Y,Z");
+    command
+        .add_option("--angle-tolerance", texts.angleTolerance,
+                    "Warn of images turned further than this\nout of the plane or in it (default 1)")
+        ->type_name("DEGREES");
+    command
+        .add_option("--distance-tolerance", texts.distanceTolerance,
+                    "Warn of images further than this from the\nplane, in drawing units (default 0.1 m)")
+        ->type_name("LENGTH");
+}
+
+} // namespace
+
+CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
+    OptionTexts texts;
+    CLI::App app{"Writes the ortho images that SITE.json lists as one DXF drawing.", "rasterplan"};
+    app.allow_windows_style_options(false); // an absolute path may begin with '/'
+    app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
+
+    CLI::App* const write3d = app.add_subcommand("3d", "Write every image where it lies in space");
+    addSite(*write3d, texts);
+    addOutput(*write3d, texts);
+
+    CLI::App* const write2d = app.add_subcommand("2d", "Write all images flattened into one plane");
+    addSite(*write2d, texts);
+    addOutput(*write2d, texts);
+    addPlane(*write2d, texts);
+
+    CLI::App* const showPlane =
+        app.add_subcommand("plane", "Propose a plane and show how the images lie to it");
+    addSite(*showPlane, texts);
+    showPlane->add_flag("--json", texts.json, "As JSON, with numbers that read back exactly");
+
+    app.footer(footer()); // after the commands, which would take it over
+    app.require_subcommand(1);
+
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream answer;
+        std::ostringstream complaint;
+        if (app.exit(error, answer, complaint) == 0) {
+            return {std::nullopt, answer.str()};
+        }
+        std::string text = error.what();
+        if (app.get_subcommands().empty()) {
+            text =
+                (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
+                "; the commands are 3d, 2d and plane";
+        }
+        throw BadInput(text + "; \"rasterplan --help\" shows the usage");
+    }
+
+    CommandLine commandLine;
+    commandLine.command = write3d->parsed()   ? Command::Write3d
+                          : write2d->parsed() ? Command::Write2d
+                                              : Command::ShowPlane;
+    commandLine.site = pathFromUtf8(texts.site);
+    commandLine.output = pathFromUtf8(texts.output);
+    commandLine.pathForm = pathForms.at(texts.pathForm);
+    commandLine.plane = parsePlane(texts);
+    commandLine.angleTolerance = parseTolerance("--angle-tolerance", texts.angleTolerance);
+    commandLine.distanceTolerance = parseTolerance("--distance-tolerance", texts.distanceTolerance);
+    commandLine.json = texts.json;
+    return {commandLine, {}};
+}
+
+} // namespace rasterplan_tool

@@ -1,0 +1,27 @@
+#include "Console.h"
+
+#include <algorithm>
+
+namespace rasterplan_tool {
+
+namespace {
+
+void printLines(std::ostream& stream, std::string_view label, std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        stream << "rasterplan: " << label << ": " << text.substr(0, end) << '\n';
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+} // namespace
+
+void Console::error(std::string_view text) {
+    printLines(err, "error", text);
+}
+
+void Console::warning(std::string_view text) {
+    printLines(err, "warning", text);
+}
+
+} // namespace rasterplan_tool

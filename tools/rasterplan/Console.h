@@ -1,0 +1,20 @@
+#pragma once
+
+#include <ostream>
+#include <string_view>
+
+namespace rasterplan_tool {
+
+/// Where the program speaks to its user; all text is UTF-8.
+struct Console {
+    std::ostream& out; ///< Results.
+    std::ostream& err; ///< Errors and warnings.
+
+    /// Prints "rasterplan: error: " and the text, for each of its lines.
+    void error(std::string_view text);
+
+    /// Prints "rasterplan: warning: " and the text, for each of its lines.
+    void warning(std::string_view text);
+};
+
+} // namespace rasterplan_tool

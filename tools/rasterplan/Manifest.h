@@ -1,0 +1,46 @@
+#pragma once
+
+#include <RasterPlanWriter/DrawingUnit.h>
+#include <RasterPlanWriter/TripleDouble.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rasterplan_tool {
+
+/// One image of SITE.json.
+struct ManifestImage {
+    std::size_t line = 1; ///< Line of SITE.json in which the image begins.
+    std::string path; ///< UTF-8, exactly as it stands in SITE.json; not empty, without control characters.
+    TripleDouble leftTop;
+    TripleDouble leftBottom;
+    TripleDouble rightBottom;
+    double pixelsPerUnit = 0.0; ///< Greater than 0.
+    DrawingUnit unit = Meters;  ///< The image's own unit, else the site's, else Meters.
+};
+
+/// The content of SITE.json. Coordinates are finite and at most largestCoordinate in magnitude.
+struct Manifest {
+    std::filesystem::path file;        ///< SITE.json itself, as the user named it.
+    std::vector<ManifestImage> images; ///< At least one.
+
+    /// Where an image stands, to begin a message with: `SITE.json:12: image 3 ("south.png")`.
+    std::string where(std::size_t index) const;
+
+    /// The picture's file, absolute: relative paths count from SITE.json's folder. Links among the folders
+    /// are followed, since ".." behind one would lead elsewhere; a link that is the picture itself keeps its
+    /// name, which the drawing shows. Throws BadInput where the system's paths cannot hold the text.
+    std::filesystem::path pictureFile(std::size_t index) const;
+};
+
+/// Reads a site. Throws BadInput with one line for every image that is wrong, or for what is wrong with the
+/// file.
+Manifest readManifest(const std::filesystem::path& file);
+
+/// As readManifest, with the text at hand; `file` only names it.
+Manifest parseManifest(std::string_view text, const std::filesystem::path& file);
+
+} // namespace rasterplan_tool
