@@ -78,6 +78,8 @@ void write(Sink& sink, const SectionValue& value, std::string_view valueInTable)
         });
     case Kind::text:
         return sink.text(value.text());
+    case Kind::plainText:
+        return sink.constant(value.plainText());
     case Kind::unset:
         return sink.constant(valueInTable);
     }

@@ -18,7 +18,7 @@ struct Handle {
 /// the text is made once. A text is viewed, not owned.
 class SectionValue {
 public:
-    enum class Kind : std::uint8_t { unset, text, real, integer, handle };
+    enum class Kind : std::uint8_t { unset, text, plainText, real, integer, handle };
 
     /// No value: the line says what its table says.
     constexpr SectionValue() noexcept = default;
@@ -35,14 +35,15 @@ public:
     constexpr SectionValue(Handle handle) noexcept
         : SectionValue(Kind::handle, static_cast<std::uint32_t>(handle.number)) {}
 
-    /// Written as it stands. The characters are copied when the value is stored.
+    /// Written as it stands. The characters are copied when the value is stored, and kept as plain text, a
+    /// byte each, where all of them are printable ASCII: most are, and a wide character has up to four bytes.
     constexpr SectionValue(std::wstring_view text) noexcept
         : SectionValue(Kind::text, text.size(), text.data()) {}
     constexpr SectionValue(const wchar_t* text) noexcept
         : SectionValue(std::wstring_view(text)) {}
 
-    /// A value from its parts: see payload(). Of a text also the characters.
-    constexpr SectionValue(Kind kind, std::uint64_t payload, const wchar_t* characters = nullptr) noexcept
+    /// A value from its parts: see payload(). Of a text also the characters, of a plain text narrow ones.
+    constexpr SectionValue(Kind kind, std::uint64_t payload, const void* characters = nullptr) noexcept
         : m_payload(payload)
         , m_characters(characters)
         , m_kind(kind) {}
@@ -58,13 +59,16 @@ public:
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(m_payload));
     }
     constexpr Handle handle() const noexcept { return {integer()}; }
-    constexpr std::wstring_view text() const noexcept {
-        return {m_characters, static_cast<std::size_t>(m_payload)};
+    std::wstring_view text() const noexcept {
+        return {static_cast<const wchar_t*>(m_characters), static_cast<std::size_t>(m_payload)};
+    }
+    std::string_view plainText() const noexcept {
+        return {static_cast<const char*>(m_characters), static_cast<std::size_t>(m_payload)};
     }
 
 private:
     std::uint64_t m_payload = 0;
-    const wchar_t* m_characters = nullptr;
+    const void* m_characters = nullptr;
     Kind m_kind = Kind::unset;
 };
 

@@ -41,9 +41,11 @@ public:
             return {};
         const Kind kind = m_memory->kinds[slot];
         const std::uint64_t payload = m_memory->payloads[slot];
-        if (kind != Kind::text)
-            return {kind, payload};
-        return {kind, payload & longestText, m_memory->characters.data() + (payload >> lengthBits)};
+        if (kind == Kind::plainText)
+            return {kind, payload & longestText, m_memory->plainCharacters.data() + (payload >> lengthBits)};
+        if (kind == Kind::text)
+            return {kind, payload & longestText, m_memory->characters.data() + (payload >> lengthBits)};
+        return {kind, payload};
     }
 
     /// Sets a slot below count(); a text is copied. Throws std::bad_alloc, and std::length_error for a text
@@ -51,11 +53,15 @@ public:
     void set(std::size_t slot, const SectionValue& value) {
         if (!m_memory || slot >= m_memory->kinds.size())
             takeMemory();
-        m_memory->payloads[slot] = value.kind() == Kind::text ? append(value.text()) : value.payload();
+        if (value.kind() == Kind::text)
+            return setText(slot, value.text());
+        if (value.kind() == Kind::plainText)
+            return setText(slot, value.plainText());
+        m_memory->payloads[slot] = value.payload();
         m_memory->kinds[slot] = value.kind();
     }
 
-    /// Visits the texts.
+    /// Visits the texts that are not plain.
     template <typename Visitor>
     void forEachText(const Visitor& visit) const {
         if (!m_memory || m_memory->characters.empty())
@@ -72,13 +78,15 @@ private:
     static constexpr int lengthBits = 24;
     static constexpr std::uint64_t longestText = (std::uint64_t{1} << lengthBits) - 1;
 
-    std::uint64_t append(std::wstring_view text);
+    template <typename Text>
+    void setText(std::size_t slot, Text text);
     void takeMemory();
 
     struct Memory {
         std::vector<std::uint64_t> payloads;
         std::vector<Kind> kinds;
-        std::wstring characters; ///< Of all texts; one that is set anew leaves its old characters behind.
+        std::string plainCharacters; ///< Of all plain texts; one that is set anew leaves its old ones behind.
+        std::wstring characters;     ///< Of all other texts, likewise.
     };
 
     std::size_t m_count;

@@ -222,16 +222,4 @@ TEST(BadOutput, FullDiskIsNotNoticed) {
     EXPECT_EQ(writtenTo("/dev/full"), RasterPlanWriter::Success);
 }
 
-#else
-
-TEST(BadOutput, FileIsReadOnly) {
-    const TestFolder folder;
-    const auto file = folder / "drawing.dxf";
-    writeBytes(file, "kept");
-    permissions(file, std::filesystem::perms::owner_read);
-    EXPECT_EQ(writtenTo(file), RasterPlanWriter::CannotOpenOutput);
-    permissions(file, std::filesystem::perms::all);
-    EXPECT_EQ(readBytes(file), "kept");
-}
-
 #endif

@@ -3,7 +3,8 @@
 #include <cstdlib>
 #include <new>
 
-// Every allocation of the program comes here, except for types of an extended alignment: the library has none.
+// Every allocation of the program comes here, except for types of an extended alignment: the library has
+// none.
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -135,12 +136,13 @@ TEST(ParseNumber, ReadsTheCutOffLargestNumber) {
     EXPECT_EQ(printedValue(Limits::min()), 0.0);
 }
 
-// The tests run in the "C" locale, where std::stod reads the same. Texts are put together of parts that
-// matter.
+// The tests run in the "C" locale, where std::stod reads the same; only that not every system's rounds right.
+// Texts are put together of parts that matter.
 TEST(ParseNumber, AgreesWithTheStandardOnRandomTexts) {
     const wchar_t* const parts[] = {L"0", L"1",   L"9",  L"7",  L".",   L"e",   L"E",   L"+",    L"-", L"0x",
                                     L"p", L"a",   L"12", L"30", L"inf", L" ",   L"nan", L"\t",   L"x", L"00",
                                     L"X", L"(1)", L"f",  L"5",  L"e2",  L"e-3", L"Inf", L"inity"};
+    const std::uint64_t allowed = std::stod(L"5E125") == 5E125 ? 0 : 1;
     std::mt19937 random(7);
     for (int i = 0; i < 300'000; ++i) {
         std::wstring text;
@@ -150,7 +152,9 @@ TEST(ParseNumber, AgreesWithTheStandardOnRandomTexts) {
         double actual = 0.0;
         const std::string expectedFailure = failureOf([&] { expected = std::stod(text); });
         ASSERT_EQ(failureOf([&] { actual = parseNumber(text); }), expectedFailure) << '"' << text << '"';
-        ASSERT_EQ(bitsOf(actual), bitsOf(expected)) << '"' << text << '"';
+        const std::uint64_t more = std::max(bitsOf(actual), bitsOf(expected));
+        const std::uint64_t less = std::min(bitsOf(actual), bitsOf(expected));
+        ASSERT_LE(more - less, allowed) << '"' << text << '"';
     }
 }
 

@@ -264,11 +264,19 @@ TEST_F(TemplateStream, TemplateCutAtAnyByteGivesTheDrawingsBeginning) {
 }
 
 TEST_F(TemplateStream, SourceThatCannotBeReadStops) {
+    const std::string path = ::testing::TempDir() + "TemplateStream.tmp";
     const TemporaryFile output = temporaryFile();
-    const TemporaryFile writeOnly(
-        std::fopen(::testing::TempDir().append("TemplateStream.tmp").c_str(), "wb"));
+    TemporaryFile writeOnly(std::fopen(path.c_str(), "wb"));
     ASSERT_TRUE(writeOnly);
+    const bool known = std::fgetc(writeOnly.get()) == EOF && std::ferror(writeOnly.get());
+    std::clearerr(writeOnly.get());
+
     OutputBuffer buffer(output.get());
-    EXPECT_FALSE(streamTemplate(writeOnly.get(), m_registry, buffer));
+    const bool complete = streamTemplate(writeOnly.get(), m_registry, buffer);
+    writeOnly.reset();
+    std::remove(path.c_str());
+    if (!known)
+        GTEST_SKIP() << "here a file that may not be read looks like an empty one";
+    EXPECT_FALSE(complete);
     EXPECT_EQ(buffer.count(), 0u);
 }
