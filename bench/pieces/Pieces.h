@@ -1,0 +1,30 @@
+#pragma once
+
+#include "HostImage.h"
+#include "Scene.h"
+
+#include "dxf/Drawing.h"
+#include "facade/AddImage.h"
+
+#include <vector>
+
+namespace bench {
+
+/// The first `count` pictures of the scene, as a host describes them.
+inline std::vector<ImageParam> imagesOf(int count) {
+    Scene scene;
+    std::vector<ImageParam> images;
+    for (int i = 0; i < count; ++i)
+        images.push_back(hostImage(scene.next()));
+    return images;
+}
+
+/// A drawing of them.
+inline rasterplan::Drawing drawingOf(int count) {
+    rasterplan::Drawing drawing;
+    for (const ImageParam& image : imagesOf(count))
+        rasterplan::addImage(drawing, image);
+    return drawing;
+}
+
+} // namespace bench
