@@ -1,5 +1,7 @@
 #include "base/FormatFixed.h"
 
+#include "support/CLocale.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -33,6 +35,7 @@ std::string byToChars(double value, int precision) {
 
 std::string byPrintf(double value, int precision) {
     std::array<char, 2000> text;
+    const rasterplan::test::CLocale locale;
     std::snprintf(text.data(), text.size(), "%.*f", precision, value);
     return std::string(text.data()).substr(0, ZelkBase::fixedTextCapacity);
 }

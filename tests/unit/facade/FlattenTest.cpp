@@ -110,6 +110,14 @@ TEST(Flatten, ViewIsNotTwisted) {
         << testing::PrintToString(view);
 }
 
+TEST(Flatten, ImageOnEdgeDoesNotTwistTheView) {
+    const std::wstring view =
+        viewOf(flattened(drawingOf(levelImage({1, 2, 3}, 4, 2)), {{}, alongX, upwards}));
+    EXPECT_NE(view.find(L"\n26\n1.00000000000000000\n36\n0.00000000000000000\n"), std::wstring::npos)
+        << testing::PrintToString(view);
+    EXPECT_NE(view.find(L"\n51\n0.00000000000000000\n"), std::wstring::npos);
+}
+
 TEST(Flatten, KeepsWhatIsNoPlace) {
     ImageParam image = wall({2, 0, 13}, 4, 2);
     image.setImagePath(L"C:\\site\\south.png");
