@@ -96,15 +96,15 @@ public:
     /// (also for an origin that is NaN or infinite; the file has been overwritten then) or UnexpectedFailure.
     /// Throws an exception derived from std::exception when an axis is zero, NaN or infinite, or when the
     /// axes are parallel and both perpendicular to a coordinate axis; nothing has been opened then. Other
-    /// parallel axes are not noticed and give coordinates without meaning. The object's own drawing is not
-    /// changed.
+    /// parallel axes are not noticed and give coordinates without meaning. Throws as create3DDxf where a path
+    /// cannot be written. The object's own drawing is not changed.
     ErrorEnum create2DDxf(const TripleDouble& origin, const TripleDouble& xAxis, const TripleDouble& yAxis);
 
     /// Writes the drawing with every image where it lies in space.
     ///
     /// Returns Success, CannotOpenOutput, CannotOpenTemplate, DxfFailure (also when no image was added) or
     /// UnexpectedFailure. Throws an exception derived from std::exception when a path holds a character
-    /// beyond U+10FFFF or a coordinate cannot be read back as a number.
+    /// beyond U+10FFFF (the file has been overwritten then) or has 2^24 characters or more.
     ErrorEnum create3DDxf();
 
 private:

@@ -99,9 +99,16 @@ struct DxfSection::OwnTable : SectionTable {
                 value = ownRows[open.row].value;
                 break;
             }
+        // Where memory runs out, the table is as it was.
+        const SectionRow row{keys.emplace_back(key), values.emplace_back(value), filled};
+        ownRows.reserve(ownRows.size() + 1);
+        rows = ownRows;
+        ownOpenRows.reserve(ownRows.size() + 1);
+        openRows = ownOpenRows;
+        ownText.reserve(ownText.size() + lineEnd.size());
         ownOpenRows.push_back(
             {static_cast<std::uint32_t>(ownRows.size()), slot, static_cast<std::uint32_t>(ownText.size())});
-        ownRows.push_back({keys.emplace_back(key), values.emplace_back(value), filled});
+        ownRows.push_back(row);
         ownText += lineEnd;
         slots = std::max(slots, slot + 1);
         rows = ownRows;
