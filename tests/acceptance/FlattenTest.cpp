@@ -385,9 +385,9 @@ TEST(FlattenedFrames, LieExactlyOnPicturesWhereTheArithmeticIsExact) {
 // Frame and picture start from the same moved corners, whose coordinates are no larger than the drawing's. A
 // frame's end then passes once through one matrix, the picture's corner through another that is the same up
 // to its own last digits, is set again as direction and length twice, and is read back as pixel vector times
-// pixel count. No step is off by more than half a unit in the last place of the drawing's largest coordinate,
-// and there are eight of them.
-TEST(FlattenedFrames, LieOnPicturesToFourUnitsInTheLastPlace) {
+// pixel count. There are eight steps, and none is off by more than a unit in the last place of the drawing's
+// largest coordinate: half a unit for the result, half for partial sums that are up to twice as large.
+TEST(FlattenedFrames, LieOnPicturesToEightUnitsInTheLastPlace) {
     // Three to the east, four to the north: corners on a grid give every picture the very same directions.
     const TripleDouble along(3, 4, 0);
     Chance chance(3);
@@ -409,7 +409,7 @@ TEST(FlattenedFrames, LieOnPicturesToFourUnitsInTheLastPlace) {
         for (std::size_t i = 0; i < pictures.size(); ++i) {
             const double off = frameOffPicture(drawing, i);
             worst = std::max(worst, off / unit);
-            ASSERT_LE(off, 4 * unit) << round;
+            ASSERT_LE(off, 8 * unit) << round;
         }
     }
     RecordProperty("worst_units_in_the_last_place", std::to_string(worst));
