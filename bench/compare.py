@@ -111,7 +111,8 @@ def measure_all(programs: Programs, rounds: int) -> dict:
             for name in turned:
                 if name == EZDXF and (count > EZDXF_LARGEST or number >= EZDXF_ROUNDS):
                     continue
-                print(f"\rround {number + 1} of {rounds}: {count:,} images, {name:<30}", end="", file=sys.stderr)
+                if sys.stderr.isatty():
+                    print(f"\rround {number + 1} of {rounds}: {count:,} images, {name:<30}", end="", file=sys.stderr)
                 runs.setdefault((name, count), []).append(programs.measure(name, count))
     print("\r" + " " * 79 + "\r", end="", file=sys.stderr)
     return runs
