@@ -7,16 +7,7 @@
 namespace rasterplan {
 
 double MathPoint3d::operator[](int component) const {
-    switch (component) {
-    case 0:
-        return x;
-    case 1:
-        return y;
-    case 2:
-        return z;
-    default:
-        throw MathError(L"MathPoint3d: Invalid component");
-    }
+    return const_cast<MathPoint3d&>(*this)[component];
 }
 
 double& MathPoint3d::operator[](int component) {
