@@ -46,15 +46,23 @@ fs::path HostFolder::templateFile() const {
 }
 
 HostRun HostFolder::play(std::string_view scene, const std::string& before) const {
-    writeBytes(m_folder / "scene.txt", scene);
-    const std::string folder = '"' + utf8FromPath(m_folder.path()) + '"';
     const std::string host = utf8FromPath(pathFromUtf8(RASTERPLAN_EXPORT_HOST).filename());
 #ifdef _WIN32
-    std::string command = "cd /d " + folder + " && " + before + ' ' + host;
+    return playBy(before + ' ' + host, scene);
 #else
-    std::string command = "cd " + folder + " && " + before + " ./" + host;
+    return playBy(before + " ./" + host, scene);
 #endif
-    command += " scene.txt >out.txt 2>err.txt";
+}
+
+HostRun HostFolder::playBy(const std::string& program, std::string_view scene) const {
+    writeBytes(m_folder / "scene.txt", scene);
+    const std::string folder = '"' + utf8FromPath(m_folder.path()) + '"';
+#ifdef _WIN32
+    std::string command = "cd /d " + folder;
+#else
+    std::string command = "cd " + folder;
+#endif
+    command += " && " + program + " scene.txt >out.txt 2>err.txt";
     HostRun run;
     run.status = runShell(command);
     run.out = withUnixLineEnds(readBytes(m_folder / "out.txt"));

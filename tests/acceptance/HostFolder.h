@@ -27,6 +27,9 @@ public:
     /// Plays a scene, with the folder as current one. `before` are words of the shell before the host's name.
     HostRun play(std::string_view scene, const std::string& before = {}) const;
 
+    /// As play, but starts `program`, words of the shell, instead of the host.
+    HostRun playBy(const std::string& program, std::string_view scene) const;
+
     /// What the host wrote to the default output of a scene.
     std::string drawing() const { return readBytes(m_folder / "drawing.dxf"); }
 
