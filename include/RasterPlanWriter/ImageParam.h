@@ -23,7 +23,7 @@ public:
     /// An independent copy, path included. Throws std::bad_alloc.
     ImageParam(const ImageParam& other);
 
-    /// Takes over everything; `other` is left without a path. Never throws.
+    /// Takes over everything; `other` keeps all but its path. Never throws.
     ImageParam(ImageParam&& other) noexcept;
 
     /// As the copy constructor. When it throws std::bad_alloc, this object is as it was.

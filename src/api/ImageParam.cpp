@@ -87,7 +87,7 @@ ImageParam& ImageParam::operator=(const ImageParam& other) {
 }
 
 ImageParam& ImageParam::operator=(ImageParam&& other) noexcept {
-    std::swap(m_path, other.m_path);
+    delete[] std::exchange(m_path, std::exchange(other.m_path, nullptr));
     m_unit = other.m_unit;
     m_width = other.m_width;
     m_height = other.m_height;

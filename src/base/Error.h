@@ -7,11 +7,16 @@
 
 namespace ZelkBase {
 
-/// The root of the library's own exceptions. Copies share their content, so that copying never throws.
+/// The root of the library's own exceptions. Copies share their content, so that copying never throws. What
+/// is moved from is copied: it keeps its message.
 class Error : public std::exception {
 public:
     /// Throws std::bad_alloc.
     explicit Error(const Text& message);
+
+    Error(const Error&) noexcept = default;
+    Error& operator=(const Error&) noexcept = default;
+    ~Error() override = default;
 
     /// What to show a user: the message with a request to send it to the support address. Throws
     /// std::bad_alloc.

@@ -21,11 +21,8 @@ bool isEscaped(std::wstring_view text, std::size_t position) noexcept {
 } // namespace
 
 Text format(const Text& format, std::initializer_list<Text> arguments) {
-    const std::wstring_view text = format.view();
-    Text result;
-    std::size_t copied = 0;
-    for (std::size_t at = 0;
-         (at = text.find(L"%k", at)) != std::wstring_view::npos && at + 4 <= text.size();) {
+    std::wstring text(format.view());
+    for (std::size_t at = 0; (at = text.find(L"%k", at)) != std::wstring::npos && at + 4 <= text.size();) {
         const int tens = digitValue(text[at + 2]);
         const int ones = digitValue(text[at + 3]);
         if (isEscaped(text, at) || tens < 0 || ones < 0) {
@@ -35,12 +32,11 @@ Text format(const Text& format, std::initializer_list<Text> arguments) {
         const std::size_t number = 10 * static_cast<std::size_t>(tens) + static_cast<std::size_t>(ones);
         if (number < 1 || number > arguments.size())
             throw Error(L"Format string has invalid list of arguments");
-        result += text.substr(copied, at - copied);
-        result += arguments.begin()[number - 1];
-        at += 4;
-        copied = at;
+        const std::wstring_view argument = arguments.begin()[number - 1].view();
+        text.replace(at, 4, argument);
+        at += argument.size();
     }
-    return result += text.substr(copied);
+    return Text(text);
 }
 
 } // namespace ZelkBase

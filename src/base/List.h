@@ -55,14 +55,10 @@ public:
         std::size_t m_index = 0;
     };
 
+    /// `other` is left without entries.
     BasicList(BasicList&& other) noexcept
         : m_blocks(std::move(other.m_blocks))
         , m_count(std::exchange(other.m_count, 0)) {}
-    BasicList& operator=(BasicList&& other) noexcept {
-        m_blocks = std::move(other.m_blocks);
-        m_count = std::exchange(other.m_count, 0);
-        return *this;
-    }
 
     /// Number of entries, the empty ones included.
     std::int32_t count() const noexcept { return static_cast<std::int32_t>(m_count); }

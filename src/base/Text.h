@@ -18,8 +18,8 @@ public:
     Text(std::wstring_view text)
         : m_text(text) {}
 
-    /// The number in decimal.
-    Text(int number)
+    /// The number in decimal. A character is a number too, so it does not become a text by itself.
+    explicit Text(int number)
         : m_text(std::to_wstring(number)) {}
 
     Text(const Text& other)

@@ -19,9 +19,9 @@ double MathVector3d::length() const noexcept {
 void MathVector3d::normalize() {
     const double divisor = length();
     if (divisor == 0.0)
-        throw MathErrorZerovector(
-            ZelkBase::format(L"zero vector in %k01 (%k02, line %k03)",
-                             {L"MathVector3d::normalize", L"zelkmath\\pub_mathvector3d", 85}));
+        throw MathErrorZerovector(ZelkBase::format(
+            L"zero vector in %k01 (%k02, line %k03)",
+            {L"MathVector3d::normalize", L"zelkmath\\pub_mathvector3d", ZelkBase::Text(85)}));
     *this = *this / divisor;
 }
 

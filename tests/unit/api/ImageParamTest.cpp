@@ -226,5 +226,11 @@ TEST(ImageParam, MovesItsPath) {
     ImageParam assigned(L"gone.png");
     assigned = std::move(moved);
     EXPECT_EQ(assigned.getImagePath(), path);
+    EXPECT_EQ(moved.getImagePath(), nullptr); // NOLINT(bugprone-use-after-move): it is left without a path
+    expectPlacedAsThreeByTwo(assigned);
+
+    ImageParam& same = assigned;
+    assigned = std::move(same);
+    EXPECT_EQ(assigned.getImagePath(), path);
     expectPlacedAsThreeByTwo(assigned);
 }

@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 using ZelkBase::Error;
 using ZelkBase::Text;
@@ -53,6 +54,17 @@ TEST(Error, CopyingNeverThrows) {
     }
     EXPECT_EQ(copy.what(), kept);
     EXPECT_EQ(copy.message(), Text(L"second"));
+}
+
+TEST(Error, MovingLeavesTheSourceItsMessage) {
+    Error source(L"first");
+    Error taken(std::move(source));
+    EXPECT_STREQ(source.what(), "first"); // NOLINT(bugprone-use-after-move)
+    Error assigned(L"second");
+    assigned = std::move(taken);
+    EXPECT_STREQ(taken.what(), "first"); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(taken.message(), Text(L"first"));
+    EXPECT_STREQ(assigned.what(), "first");
 }
 
 TEST(Error, MessageThatIsNoUnicodeStillHasAWhat) {

@@ -10,7 +10,7 @@ using ZelkBase::Text;
 
 TEST(Format, ReplacesNumberedPlaceholders) {
     EXPECT_EQ(format(L"zero vector in %k01 (%k02, line %k03)",
-                     {L"MathVector3d::normalize", L"zelkmath\\pub_mathvector3d", 85}),
+                     {L"MathVector3d::normalize", L"zelkmath\\pub_mathvector3d", Text(85)}),
               Text(L"zero vector in MathVector3d::normalize (zelkmath\\pub_mathvector3d, line 85)"));
 }
 
@@ -21,7 +21,8 @@ TEST(Format, PlaceholdersMayStandInAnyOrderAndRepeat) {
 }
 
 TEST(Format, NumberHasTwoDigits) {
-    EXPECT_EQ(format(L"%k101", {1, 2, 3, 4, 5, 6, 7, 8, 9, L"ten"}), Text(L"ten1"));
+    EXPECT_EQ(format(L"%k101", {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9", L"ten"}),
+              Text(L"ten1"));
     EXPECT_EQ(format(L"%k012", {L"one"}), Text(L"one2"));
 }
 
@@ -48,6 +49,7 @@ TEST(Format, EvenCountOfPercentSignsEscapes) {
 TEST(Format, OtherCharactersBehindTheLetterStayAsTheyAre) {
     EXPECT_EQ(format(L"%kab %k0x %k%k01", {L"a"}), Text(L"%kab %k0x %ka"));
     EXPECT_EQ(format(L"%k-1 %K01", {L"a"}), Text(L"%k-1 %K01"));
+    EXPECT_EQ(format(L"%k1x %k1", {L"a"}), Text(L"%k1x %k1"));
     EXPECT_EQ(format(L"%k\u0661\u0661", {L"a"}), Text(L"%k\u0661\u0661"));
 }
 
@@ -58,6 +60,18 @@ TEST(Format, EndsWhereThePlaceholderIsCutOff) {
 
 TEST(Format, ArgumentsAreNotReadAsFormats) {
     EXPECT_EQ(format(L"%k01%k02", {L"%k02", L"b"}), Text(L"%k02b"));
-    EXPECT_EQ(format(L"%k01%k02", {L"100%", L"b"}), Text(L"100%b"));
     EXPECT_EQ(format(L"%k01k02", {L"%", L"b"}), Text(L"%k02"));
+}
+
+TEST(Format, PercentSignsOfAnArgumentCountBeforeTheNextPlaceholder) {
+    EXPECT_EQ(format(L"%k01%k02", {L"100%", L"b"}), Text(L"100%%k02"));
+    EXPECT_EQ(format(L"%k01%k02", {L"100%%", L"b"}), Text(L"100%%b"));
+    EXPECT_EQ(format(L"%k01%%k02", {L"100%", L"b"}), Text(L"100%%b"));
+    EXPECT_EQ(format(L"%k01 %k02", {L"100%", L"b"}), Text(L"100% b"));
+    EXPECT_EQ(format(L"%k01%k99", {L"%", L"b"}), Text(L"%%k99"));
+}
+
+TEST(Format, EmptyArgumentLeavesTheSignsBeforeIt) {
+    EXPECT_EQ(format(L"%%%k01%k02", {L"", L"b"}), Text(L"%%b"));
+    EXPECT_EQ(format(L"%%%k01%%k02", {L"", L"b"}), Text(L"%%%%k02"));
 }

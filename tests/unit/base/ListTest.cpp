@@ -110,8 +110,15 @@ TEST(OwningList, DeletesEachElementOnce) {
         OwningList<Counted> taken(std::move(list));
         EXPECT_EQ(taken.count(), 3);
         EXPECT_EQ(deletions, 0);
+        EXPECT_EQ(list.count(), 0); // NOLINT(bugprone-use-after-move): it is left without entries
+        EXPECT_EQ(list.head(), nullptr);
     }
     EXPECT_EQ(deletions, 2);
+}
+
+TEST(OwningList, IsNeverAssigned) {
+    EXPECT_FALSE((std::is_move_assignable_v<OwningList<int>>));
+    EXPECT_FALSE((std::is_copy_assignable_v<OwningList<int>>));
 }
 
 TEST(OwningList, EmptyEntryThrowsWhenIterated) {

@@ -7,6 +7,7 @@
 #include <locale>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 using ZelkBase::Text;
@@ -35,6 +36,13 @@ TEST(Text, NumberIsWrittenInDecimal) {
     EXPECT_EQ(Text(85), Text(L"85"));
     EXPECT_EQ(Text(0), Text(L"0"));
     EXPECT_EQ(Text(std::numeric_limits<int>::min()), Text(L"-2147483648"));
+}
+
+TEST(Text, NothingTurnsIntoANumberByItself) {
+    EXPECT_FALSE((std::is_convertible_v<int, Text>));
+    EXPECT_FALSE((std::is_convertible_v<char, Text>));
+    EXPECT_FALSE((std::is_convertible_v<wchar_t, Text>));
+    EXPECT_FALSE((std::is_convertible_v<bool, Text>));
 }
 
 TEST(Text, CopiesHaveCharactersOfTheirOwn) {
@@ -66,7 +74,7 @@ TEST(Text, AppendingPutsTheOtherTextBehind) {
     EXPECT_EQ(text, Text(L"one two"));
     text += text;
     EXPECT_EQ(text, Text(L"one twoone two"));
-    EXPECT_EQ(text + 3, Text(L"one twoone two3"));
+    EXPECT_EQ(text + Text(3), Text(L"one twoone two3"));
     EXPECT_EQ(text.length(), 14u);
 }
 
