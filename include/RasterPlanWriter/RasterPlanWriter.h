@@ -10,11 +10,13 @@
 ///
 /// Use one object per output file. A second write on the same object does not repeat the drawing: it contains
 /// the records of both writes, and an image added after a write makes every later write fail with DxfFailure.
+/// A write that failed with one of the results 3 to 6 was a write too: try again with a new object.
 ///
-/// The DXF template "PrepImageAbschnitte_2010.template" must lie in the folder of the library file.
+/// The DXF template "PrepImageAbschnitte_2010.template" must lie in the folder of the file that holds the
+/// library's code. On Linux that is the file itself, where a link leads to it, and /proc must tell it.
 ///
-/// Which calls can throw: the constructors (std::bad_alloc), and add, create2DDxf and create3DDxf where their
-/// comments say so. Results 1 to 6 report everything else.
+/// Which calls can throw: the constructors and calcMiddledImagePlaneReferenceCoordSystem3D (std::bad_alloc),
+/// and create2DDxf and create3DDxf where their comments say so. Results 1 to 6 report everything else.
 ///
 /// An object is used by one thread at a time; different objects share nothing, copies of one object share
 /// everything.
@@ -29,16 +31,18 @@ public:
         /// The image is not a rectangle with two sides (add), or the images have no common plane
         /// (calcMiddledImagePlaneReferenceCoordSystem3D). Nothing was added or written.
         InvalidGeometry = 2,
-        /// The output file could not be opened for writing.
+        /// The output file could not be opened for writing, be it that the system's own opening of a file ran
+        /// out of memory.
         CannotOpenOutput = 3,
-        /// There is no readable template beside the library. The output file has been emptied.
+        /// There is no readable template beside the library, or the system's own opening of a file ran out of
+        /// memory. The output file has been emptied.
         CannotOpenTemplate = 4,
         /// The drawing could not be completed: a 3D drawing without images, a template with an unknown
-        /// placeholder or a line of more than 511 characters, an image added after a write. What was written
-        /// so
-        /// far is not a usable drawing.
+        /// placeholder or a line of more than 511 characters, an image added after a write, a plane so far
+        /// off that no image is left. What was written so far is not a usable drawing.
         DxfFailure = 5,
-        /// Out of memory, a failure of the system's file functions, or a facade that was moved from.
+        /// Out of memory, or a facade that was moved from. Of an image, parts may have been added; a drawing
+        /// may have been begun.
         UnexpectedFailure = 6
     };
 
@@ -67,8 +71,7 @@ public:
     ///
     /// Returns Success; InvalidGeometry when a side is not longer than 1e-10 drawing units, when the edges
     /// are not perpendicular (cosine of their angle above 0.001) or when a coordinate is NaN or infinite, and
-    /// then nothing is added; DxfFailure or UnexpectedFailure when the work stopped half-way. Throws an
-    /// exception derived from std::exception when the image's own coordinate frame is singular.
+    /// then nothing is added; UnexpectedFailure. Never throws.
     ErrorEnum add(const ImageParam& image);
 
     /// Proposes a plane for create2DDxf: parallel to the mean of the image planes, with the mean U direction
@@ -78,9 +81,9 @@ public:
     /// its length is the sine of the angle between the plane's normal and the x axis, 1 when all images are
     /// parallel.
     ///
-    /// Returns Success; NoImage; InvalidGeometry when the normals or the U vectors cancel out. On every
-    /// result but Success the three arguments are left as they were. Throws an exception derived from
-    /// std::exception when the plane's frame is singular.
+    /// Returns Success; NoImage; InvalidGeometry when the normals or the U vectors cancel out, or their means
+    /// are exactly parallel; UnexpectedFailure for a facade that was moved from. Throws std::bad_alloc.
+    /// Without Success the three arguments are left as they were.
     ErrorEnum calcMiddledImagePlaneReferenceCoordSystem3D(TripleDouble& origin, TripleDouble& xAxis,
                                                           TripleDouble& yAxis) const;
 
@@ -88,23 +91,27 @@ public:
     /// origin.z, so that y reads as height where yAxis points upwards.
     ///
     /// origin is a point in drawing units; xAxis and yAxis are directions at a right angle to each other, of
-    /// any usual length. z is the distance from the plane. Seen along z, the frame lines lie on their picture
-    /// where the image's V is yAxis; those of images turned in the plane or leaning against it are displaced,
-    /// the pictures are not. origin.z is added to y in every plane, a horizontal one too.
+    /// any length below 1e150. z is the distance from the plane. Seen along z, the frame lines lie on their
+    /// picture where the image's V is yAxis; those of images turned in the plane or leaning against it are
+    /// displaced, the pictures are not. origin.z is added to y in every plane, a horizontal one too.
     ///
     /// Returns Success, NoImage (nothing is opened then), CannotOpenOutput, CannotOpenTemplate, DxfFailure
     /// (also for an origin that is NaN or infinite; the file has been overwritten then) or UnexpectedFailure.
     /// Throws an exception derived from std::exception when an axis is zero, NaN or infinite, or when the
-    /// axes are parallel and both perpendicular to a coordinate axis; nothing has been opened then. Other
-    /// parallel axes are not noticed and give coordinates without meaning. Throws as create3DDxf where a path
-    /// cannot be written. The object's own drawing is not changed.
+    /// axes are equal or opposite and perpendicular to a coordinate axis; nothing has been opened then, and
+    /// it was no write. Other parallel axes may not be noticed and give coordinates without meaning. Throws
+    /// as create3DDxf where a path cannot be written. The object's own drawing is not changed.
+    ///
+    /// An origin so far off that the images' coordinates lose their digits beside it (for images of some
+    /// metres from about 1e13 on) leaves images out, and further off ends with DxfFailure or an exception.
     ErrorEnum create2DDxf(const TripleDouble& origin, const TripleDouble& xAxis, const TripleDouble& yAxis);
 
     /// Writes the drawing with every image where it lies in space.
     ///
     /// Returns Success, CannotOpenOutput, CannotOpenTemplate, DxfFailure (also when no image was added) or
-    /// UnexpectedFailure. Throws an exception derived from std::exception when a path holds a character
-    /// beyond U+10FFFF (the file has been overwritten then) or has 2^24 characters or more.
+    /// UnexpectedFailure. Throws an exception derived from std::exception when an image's path holds a
+    /// character beyond U+10FFFF (the file has been overwritten then) or has 2^24 characters or more (nothing
+    /// has been opened then).
     ErrorEnum create3DDxf();
 
 private:

@@ -147,6 +147,35 @@ TEST(BadPixels, AreWrittenAsTheHostGaveThem) {
     }
 }
 
+TEST(BadPixels, ShowAsInfAndNanInTheDrawing) {
+    for (const double pixelsPerUnit : {0.0, notANumber, infinity}) {
+        ImageParam image = imageAt({1, 4, 0}, {1, 2, 0}, {4, 2, 0});
+        image.setNumberPixelPerUnit(pixelsPerUnit);
+        const ExportedDrawing drawing = exported3D({image});
+        const DxfRecord& record = drawing.first("IMAGE");
+        const bool divides = pixelsPerUnit == 0.0;
+        const bool isNan = std::isnan(pixelsPerUnit);
+        EXPECT_EQ(record.value(11), divides ? "inf" : isNan ? "nan" : "0.00000000000000000") << pixelsPerUnit;
+        EXPECT_EQ(record.value(21), divides || isNan ? "nan" : "0.00000000000000000") << pixelsPerUnit;
+        EXPECT_EQ(record.value(13), divides ? "0.00000000000000000" : isNan ? "nan" : "inf") << pixelsPerUnit;
+    }
+}
+
+TEST(BadImagePaths, TooLongOneThrowsBeforeAnythingIsOpened) {
+    const std::size_t tooLong = std::size_t{1} << 24;
+    const TestFolder folder;
+    const auto write = [&](std::size_t length) {
+        RasterPlanWriter facade(wideText(utf8FromPath(folder / "drawing.dxf")).c_str());
+        const std::wstring path(length, L'p');
+        EXPECT_EQ(facade.add(imageAt({0, 2, 0}, {0, 0, 0}, {3, 0, 0}, path.c_str())),
+                  RasterPlanWriter::Success);
+        return facade.create3DDxf();
+    };
+    EXPECT_THROW(write(tooLong), std::exception);
+    EXPECT_FALSE(exists(folder / "drawing.dxf"));
+    EXPECT_EQ(write(tooLong - 1), RasterPlanWriter::Success);
+}
+
 TEST(BadImagePaths, NullAndEmptyAreWrittenAsEmptyTexts) {
     for (const wchar_t* path : {static_cast<const wchar_t*>(nullptr), L""}) {
         const ExportedDrawing drawing = exported3D({imageAt({0, 2, 0}, {0, 0, 0}, {3, 0, 0}, path)});

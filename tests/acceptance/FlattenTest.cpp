@@ -522,6 +522,26 @@ TEST(BadPlane, NanAndInfiniteAxesThrowBeforeAnythingIsOpened) {
     EXPECT_FALSE(flatten.touched());
 }
 
+TEST(BadPlane, OriginFarOffLeavesImagesOut) {
+    const ImageParam level = imageAt({1, 2, 5}, {1, 2, 3}, {5, 2, 3});
+    const ImageParam oblique = imageAt({0.82, 1.16, 1.9}, {0.1, 0.2, 0.3}, {2.5, -1.6, 0.3});
+    const auto write = [&](double far) {
+        return exported2D({level, oblique}, {far, 0, 0}, {1, 0, 0}, {0, 0, 1});
+    };
+    EXPECT_EQ(write(1e12).images.size(), 2u);
+    EXPECT_EQ(write(1e15).images.size(), 1u);
+    EXPECT_THROW(exported2D({oblique}, {1e15, 0, 0}, {1, 0, 0}, {0, 0, 1}), std::runtime_error); // DxfFailure
+}
+
+TEST(BadPlane, AxesMayHaveAnyUsualLength) {
+    FlattenWith flatten;
+    for (const double length : {1e-300, 1e-150, 1e150})
+        EXPECT_EQ(flatten({0, 0, 10}, {length, 0, 0}, {0, 0, length}), RasterPlanWriter::Success) << length;
+    FlattenWith overflowing;
+    EXPECT_THROW(overflowing({0, 0, 10}, {1e160, 0, 0}, {0, 0, 1}), std::exception);
+    EXPECT_FALSE(overflowing.touched());
+}
+
 TEST(BadPlane, OriginSoFarThatTheImagesVanishThrows) {
     FlattenWith flatten;
     EXPECT_THROW(flatten({1e20, 0, 1e20}, {1, 0, 0}, {0, 0, 1}), std::exception);

@@ -108,6 +108,13 @@ TEST(HostTemplate, IsAFolder) {
     EXPECT_EQ(host.drawing(), "");
 }
 
+TEST(HostTemplate, IsTheOutputAndIsDestroyed) {
+    const HostFolder host(deliveredTemplate());
+    const std::string name = utf8FromPath(host.templateFile().filename());
+    EXPECT_EQ(host.play(sceneWriting(name)).out, "image Success\nwrite3d Success\n");
+    EXPECT_NE(readBytes(host.templateFile()), deliveredTemplate());
+}
+
 TEST(HostTemplate, Empty) {
     const HostFolder host("");
     EXPECT_EQ(answerWith(host), "Success\n");
