@@ -12,6 +12,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 using namespace rasterplan::test;
 
@@ -141,6 +142,60 @@ TEST(AllocationFault, AddAndWriteIn2DSayThatMemoryRanOut) {
                 outcome.write = writer.create2DDxf({0, 0, 0}, {1, 0, 0}, {0, 0, 1});
         });
     });
+}
+
+TEST(AllocationFault, SeveralImagesIn2DSayThatMemoryRanOut) {
+    failEachAllocation([] {
+        return outcomeOf([](Outcome& outcome) {
+            RasterPlanWriter writer(outputPath().c_str());
+            for (const ImageParam* image : {&wall, &nextWall, &wall})
+                if (outcome.add == RasterPlanWriter::Success)
+                    outcome.add = writer.add(*image);
+            TripleDouble origin, xAxis, yAxis;
+            if (outcome.add == RasterPlanWriter::Success)
+                outcome.add = writer.calcMiddledImagePlaneReferenceCoordSystem3D(origin, xAxis, yAxis);
+            if (outcome.add == RasterPlanWriter::Success)
+                outcome.write = writer.create2DDxf(origin, xAxis, yAxis);
+        });
+    });
+}
+
+TEST(AllocationFault, SecondWriteSaysThatMemoryRanOut) {
+    failEachAllocation([] {
+        return outcomeOf([](Outcome& outcome) {
+            RasterPlanWriter writer(outputPath().c_str());
+            outcome.add = writer.add(wall);
+            if (outcome.add == RasterPlanWriter::Success)
+                outcome.write = writer.create3DDxf();
+            if (outcome.succeeded())
+                outcome.write = writer.create2DDxf({0, 0, 0}, {1, 0, 0}, {0, 0, 1});
+            if (outcome.succeeded())
+                outcome.write = writer.create3DDxf();
+        });
+    });
+}
+
+TEST(AllocationFault, CopyingFacadesTakesNoMemory) {
+    const long before = livingAllocations();
+    {
+        RasterPlanWriter writer(outputPath().c_str());
+        RasterPlanWriter other(outputPath().c_str());
+        ASSERT_EQ(writer.add(wall), RasterPlanWriter::Success);
+        std::optional<RasterPlanWriter> last;
+        {
+            const FailingAllocation failing(1);
+            RasterPlanWriter copy(writer);
+            other = copy;
+            last.emplace(std::move(other));
+            writer = std::move(copy);
+            EXPECT_FALSE(failing.hasFailed());
+        }
+        EXPECT_EQ(writer.add(nextWall), RasterPlanWriter::Success);
+        EXPECT_EQ(last->create3DDxf(), RasterPlanWriter::Success);
+        EXPECT_EQ(other.create3DDxf(), // NOLINT(bugprone-use-after-move): it is left without a drawing
+                  RasterPlanWriter::UnexpectedFailure);
+    }
+    EXPECT_EQ(livingAllocations(), before);
 }
 
 TEST(AllocationFault, ProposingAPlaneThrows) {
