@@ -176,10 +176,11 @@ TEST(AllocationFault, SecondWriteSaysThatMemoryRanOut) {
 }
 
 TEST(AllocationFault, CopyingFacadesTakesNoMemory) {
+    const std::wstring& path = outputPath();
     const long before = livingAllocations();
     {
-        RasterPlanWriter writer(outputPath().c_str());
-        RasterPlanWriter other(outputPath().c_str());
+        RasterPlanWriter writer(path.c_str());
+        RasterPlanWriter other(path.c_str());
         ASSERT_EQ(writer.add(wall), RasterPlanWriter::Success);
         std::optional<RasterPlanWriter> last;
         {
