@@ -33,7 +33,7 @@ Mapping parseMapping(std::string_view line) {
 
 /// The list shows a line feed in a path as "\012", and just so a backslash with these digits.
 std::filesystem::path listedPath(std::string_view listed) {
-    const std::filesystem::path asListed = listed;
+    std::filesystem::path asListed = listed;
     std::error_code ignored;
     if (listed.find("\\012") == std::string_view::npos || exists(asListed.parent_path(), ignored))
         return asListed;
