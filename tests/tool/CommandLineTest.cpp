@@ -126,6 +126,11 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
     }
 }
 
+TEST(CommandLine, EmptyOutputIsAMistake) {
+    EXPECT_EQ(failureOf({"3d", "s", ""}), "the output path is empty; name a file, such as site.dxf");
+    EXPECT_EQ(failureOf({"2d", "s", ""}), "the output path is empty; name a file, such as site.dxf");
+}
+
 TEST(CommandLine, PlaneNeedsAllThreeOptions) {
     const Arguments options[] = {{"--origin=0,0,0"}, {"--x-axis=1,0,0"}, {"--y-axis=0,1,0"}};
     for (int set = 1; set < 7; ++set) {

@@ -36,6 +36,20 @@ TEST(PathForm, RelativeCountsFromTheDrawingsFolderWithSlashes) {
     EXPECT_EQ(drawingPath(PathForm::Relative, "x", picture, folder / "pictures/süd"), L"a.png");
 }
 
+TEST(PathForm, TextThatNoLineOfADrawingHoldsIsAnErrorInEveryForm) {
+    const TestFolder folder;
+    for (const std::string_view control :
+         {"\n", "\r", "\x01", "\x1B", "\x7F", "\u0085", "\u009F", "\u2028", "\u2029"}) {
+        const std::string name = 'a' + std::string(control) + 'b';
+        for (const PathForm form : {PathForm::Absolute, PathForm::Relative}) {
+            EXPECT_THROW(drawingPath(form, "a.png", folder / (name + "/a.png"), folder.path()), BadInput);
+            EXPECT_THROW(drawingPath(form, "a.png", folder / name, folder.path()), BadInput);
+            EXPECT_NO_THROW(drawingPath(form, name, folder / "a.png", folder.path()));
+        }
+        EXPECT_THROW(drawingPath(PathForm::AsGiven, name, folder / "a.png", folder.path()), BadInput);
+    }
+}
+
 #ifdef _WIN32
 TEST(PathForm, RelativeToAnotherDriveIsAnError) {
     EXPECT_THROW(drawingPath(PathForm::Relative, "x", "D:\\a.png", "C:\\out"), BadInput);

@@ -8,6 +8,11 @@
 
 #include <fstream>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
@@ -36,7 +41,9 @@ TEST(PendingDrawing, ReplacesTheDestinationOnlyAtTheEnd) {
         EXPECT_EQ(pending.temporary().parent_path(), folder.path());
         writeFile(pending.temporary(), complete);
         EXPECT_EQ(readBytes(output), "old");
-        EXPECT_EQ(pending.putInPlace(), complete.size());
+        EXPECT_EQ(pending.check(0), complete.size());
+        EXPECT_EQ(readBytes(output), "old");
+        pending.putInPlace();
     }
     EXPECT_EQ(readBytes(output), complete);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
@@ -68,7 +75,7 @@ TEST(PendingDrawing, IncompleteDrawingsAreDiscarded) {
         {
             PendingDrawing pending(output);
             writeFile(pending.temporary(), complete.substr(0, length));
-            EXPECT_THROW(pending.putInPlace(), ExportFailed) << length;
+            EXPECT_THROW(pending.check(0), ExportFailed) << length;
         }
         EXPECT_EQ(readBytes(output), "old");
         EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
@@ -78,16 +85,17 @@ TEST(PendingDrawing, IncompleteDrawingsAreDiscarded) {
 TEST(PendingDrawing, DrawingThatWasNeverWrittenIsAFailure) {
     const TestFolder folder;
     PendingDrawing pending(folder / "out.dxf");
+    EXPECT_THROW(pending.check(0), ExportFailed);
     EXPECT_THROW(pending.putInPlace(), ExportFailed);
 }
 
 TEST(PendingDrawing, EndIsFoundBehindEmptyLinesAndInLongDrawings) {
     for (const std::string& text : {std::string("0\r\nEOF\r\n\r\n"), std::string("0\nEOF"),
-                                    std::string(100000, 'x') + "\r\n0\r\nEOF\r\n"}) {
+                                    "1\r\n" + std::string(100000, 'x') + "\r\n0\r\nEOF\r\n"}) {
         const TestFolder folder;
         PendingDrawing pending(folder / "out.dxf");
         writeFile(pending.temporary(), text);
-        EXPECT_EQ(pending.putInPlace(), text.size());
+        EXPECT_EQ(pending.check(0), text.size());
     }
 }
 
@@ -97,14 +105,37 @@ TEST(PendingDrawing, WrongEndsAreFound) {
         const TestFolder folder;
         PendingDrawing pending(folder / "out.dxf");
         writeFile(pending.temporary(), text);
-        EXPECT_THROW(pending.putInPlace(), ExportFailed) << text;
+        EXPECT_THROW(pending.check(0), ExportFailed) << text;
+    }
+}
+
+TEST(PendingDrawing, MissingImagesAreFound) {
+    const std::string image = "0\r\nIMAGE\r\n";
+    const std::string definition = "0\r\nIMAGEDEF\r\n";
+    const TestFolder folder;
+    PendingDrawing pending(folder / "out.dxf");
+    const auto failureWith = [&](const std::string& records) -> std::string {
+        writeFile(pending.temporary(), records + std::string(complete));
+        try {
+            pending.check(2);
+        } catch (const ExportFailed& failure) {
+            return failure.what();
+        }
+        return "no failure";
+    };
+    EXPECT_EQ(failureWith(image + image + definition + definition), "no failure");
+    EXPECT_EQ(failureWith(image + image + image + definition + definition), "no failure");
+    const std::string lost = "only 1 of the 2 images came into the drawing, which was discarded";
+    EXPECT_NE(failureWith(image + definition).find(lost), std::string::npos);
+    for (const std::string& records :
+         {std::string(), image + image, image + image + definition, definition}) {
+        EXPECT_NE(failureWith(records).find("has no place for them; install"), std::string::npos) << records;
     }
 }
 
 TEST(PendingDrawing, UnusablePlacesAreRefusedInWords) {
     const TestFolder folder;
     const std::string name = quoted(folder.path());
-    EXPECT_EQ(failureOf(""), "the output path is empty; name a file, such as site.dxf");
     EXPECT_EQ(failureOf(folder.path()), name + ": this is a folder; name a file in it, such as site.dxf");
     EXPECT_NE(failureOf(folder / "new/").find(": this is a folder; name a file in it"), std::string::npos);
     EXPECT_EQ(failureOf(folder / "no/out.dxf"), quoted(folder / "no/out.dxf") + ": the folder " +
@@ -168,6 +199,26 @@ TEST(PendingDrawing, PermissionsOfTheReplacedFileStay) {
     PendingDrawing pending(output);
     writeFile(pending.temporary(), complete);
     pending.putInPlace();
+    EXPECT_EQ(fs::status(output).permissions(), permissions);
+}
+
+TEST(PendingDrawing, OwnerOfTheReplacedFileStays) {
+    const TestFolder folder;
+    const fs::path output = writeFile(folder / "out.dxf", "old");
+    constexpr uid_t owner = 4711;
+    constexpr gid_t group = 4712;
+    if (chown(output.c_str(), owner, group) != 0) {
+        GTEST_SKIP() << "only the superuser can give a file away";
+    }
+    fs::permissions(output, fs::perms::set_gid, fs::perm_options::add);
+    const fs::perms permissions = fs::status(output).permissions();
+    PendingDrawing pending(output);
+    writeFile(pending.temporary(), complete);
+    pending.putInPlace();
+    struct stat after {};
+    ASSERT_EQ(stat(output.c_str(), &after), 0);
+    EXPECT_EQ(after.st_uid, owner);
+    EXPECT_EQ(after.st_gid, group);
     EXPECT_EQ(fs::status(output).permissions(), permissions);
 }
 #endif

@@ -50,6 +50,12 @@ ProgramSetting afterShell(const std::string& commands) {
     return setting;
 }
 
+ProgramSetting closing(const std::string& redirections) {
+    ProgramSetting setting;
+    setting.shellBehind = redirections;
+    return setting;
+}
+
 ProgramResult runProgram(const std::vector<std::string>& arguments, const ProgramSetting& setting) {
     const TestFolder folder;
     const fs::path out = setting.output.empty() ? folder / "out.txt" : setting.output;
@@ -59,7 +65,7 @@ ProgramResult runProgram(const std::vector<std::string>& arguments, const Progra
 
     const WorkingFolder workingFolder(setting.workingFolder);
     ProgramResult result;
-    result.status = startAndWait(executable, arguments, out, err, setting.shellBefore);
+    result.status = startAndWait(executable, arguments, out, err, setting.shellBefore, setting.shellBehind);
     result.out = setting.output.empty() ? withUnixLineEnds(readBytes(out)) : std::string();
     result.err = withUnixLineEnds(readBytes(err));
     return result;

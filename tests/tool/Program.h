@@ -19,6 +19,7 @@ struct ProgramSetting {
     std::filesystem::path workingFolder; ///< Where to stand; empty for where the tests stand.
     std::filesystem::path output;        ///< Where its results go; empty for the result's `out`.
     std::string shellBefore;             ///< Commands of a POSIX shell to run before, with ';' at the end.
+    std::string shellBehind;             ///< Redirections of a POSIX shell that come last.
 };
 
 /// To stand in a folder.
@@ -26,6 +27,9 @@ ProgramSetting standingIn(const std::filesystem::path& folder);
 
 /// To run after these commands of a POSIX shell.
 ProgramSetting afterShell(const std::string& commands);
+
+/// To run with these redirections of a POSIX shell.
+ProgramSetting closing(const std::string& redirections);
 
 /// Runs the program with these arguments (UTF-8) and waits for its end. The result's texts have '\n' at line
 /// ends.

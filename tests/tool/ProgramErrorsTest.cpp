@@ -3,6 +3,7 @@
 
 #include "PathText.h"
 #include "Program.h"
+#include "ProgramCopy.h"
 #include "TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -133,7 +134,7 @@ TEST_F(ProgramErrors, UnusableOutput) {
                       "the folder \"" + at("no") + "\" does not exist; create it");
         expectFailure({command, at("SITE.json"), utf8FromPath(m_folder.path())}, 1,
                       "this is a folder; name a file");
-        expectFailure({command, at("SITE.json"), ""}, 1, "the output path is empty");
+        expectFailure({command, at("SITE.json"), ""}, 2, "the output path is empty");
     }
 }
 
@@ -148,6 +149,26 @@ TEST_F(ProgramErrors, OutputThatWouldReplaceTheInput) {
     expectFailure({"3d", at("SITE.json"), at("missing.png")}, 2, "this is the picture of image 2");
 }
 
+TEST_F(ProgramErrors, ImagesThatLoseTheirShapeFarFromTheOrigin) {
+    // As far as the origin lies coordinates are multiples of 1/8.
+    const std::string square =
+        R"({"path": "a.png", "leftTop": [0,0,64], "leftBottom": [0,0,0], "rightBottom": [64,0,0], "pixelsPerUnit": 1})";
+    const std::string turned =
+        R"({"path": "b.png", "leftTop": [-0.54,0,0.72], "leftBottom": [0,0,0], "rightBottom": [1.36,0,1.02], "pixelsPerUnit": 1})";
+    writeFile(m_folder / "SITE.json", siteText({square, turned}));
+    expectFailure(
+        {"2d", at("SITE.json"), at("out.dxf"), "--origin=1e15,0,1e15", "--x-axis=1,0,0", "--y-axis=0,0,1"}, 1,
+        "only 1 of the 2 images came into the drawing, which was discarded");
+}
+
+TEST_F(ProgramErrors, NamesThatSteerATerminalAreShown) {
+    expectSiteFailure("{\"\\u001b[2J\": 1}", "has the unknown field \"\\x1b[2J\"; the fields are");
+    expectSiteFailure("{\"unit\": \"\\n\\u009b\"}", "is \"\\n\\u009b\", which is no unit");
+    expectSiteFailure("{\"unit\": \x1B}", "<U+001B>");
+    expectFailure({"\x1B[31m"}, 2, "\"\\x1b[31m\" is no command");
+    expectFailure({"plane", at("\x1B[31m.json")}, 2, "\\x1b[31m.json\": there is no such file");
+}
+
 #ifdef _WIN32
 TEST_F(ProgramErrors, NoPathToAPictureOnAnotherDrive) {
     writeFile(m_folder / "SITE.json", siteText({imageText("Q:/bilder/a.png")}));
@@ -158,39 +179,22 @@ TEST_F(ProgramErrors, NoPathToAPictureOnAnotherDrive) {
 
 namespace {
 
-// A copy of the program with a library of its own, so that the template beside it can be damaged.
 class ProgramWithOwnTemplate : public ProgramErrors {
 protected:
-    ProgramWithOwnTemplate() {
-        const fs::path executable = pathFromUtf8(RASTERPLAN_EXE);
-        const fs::path library = pathFromUtf8(RASTERPLAN_LIBRARY);
-        fs::copy_file(executable, m_programFolder.path() / executable.filename());
-        if (library.extension() != ".a" && library.extension() != ".lib") {
-            // on Linux the program asks for the library by the name with the major version
-            const std::string stem = utf8FromPath(library.stem().stem().stem().stem());
-            for (const fs::directory_entry& entry : fs::directory_iterator(library.parent_path())) {
-                if (utf8FromPath(entry.path().filename()).starts_with(stem + '.')) {
-                    fs::copy_file(entry.path(), m_programFolder.path() / entry.path().filename());
-                }
-            }
-        }
-        m_setting.executable = m_programFolder.path() / executable.filename();
-#ifndef _WIN32
-        m_setting.shellBefore =
-            "LD_LIBRARY_PATH='" + utf8FromPath(m_programFolder.path()) + "'; export LD_LIBRARY_PATH; ";
-#endif
-        m_template = m_programFolder / "PrepImageAbschnitte_2010.template";
-    }
-
     void expectFailureOfBoth(const std::string& words) {
         for (const char* command : {"3d", "2d"}) {
             expectFailure({command, at("SITE.json"), at("out.dxf")}, 1, words, m_setting);
         }
     }
 
-    TestFolder m_programFolder;
-    ProgramSetting m_setting;
-    fs::path m_template;
+    // The template that the program was built with.
+    static fs::path wholeTemplate() {
+        return pathFromUtf8(RASTERPLAN_EXE).parent_path() / "PrepImageAbschnitte_2010.template";
+    }
+
+    ProgramCopy m_copy;
+    const ProgramSetting m_setting = m_copy.setting();
+    const fs::path m_template = m_copy.templateFile();
 };
 
 } // namespace
@@ -219,10 +223,37 @@ TEST_F(ProgramWithOwnTemplate, CutTemplateYieldsNoDrawing) {
 }
 
 TEST_F(ProgramWithOwnTemplate, WholeTemplateWorksFromThere) {
-    writeFile(m_template, "0\r\nEOF\r\n");
+    writeFile(m_template, "999\r\nour own\r\n" + readBytes(wholeTemplate()));
     const ProgramResult result = runProgram({"3d", at("SITE.json"), at("new.dxf")}, m_setting);
     EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_EQ(readBytes(m_folder / "new.dxf").substr(0, 8), "0\r\nEOF\r\n");
+    EXPECT_EQ(readBytes(m_folder / "new.dxf").substr(0, 14), "999\r\nour own\r\n");
+}
+
+TEST_F(ProgramWithOwnTemplate, TemplateWithoutAPlaceForTheImagesYieldsNoDrawing) {
+    std::string withoutEntities = readBytes(wholeTemplate());
+    const std::string placeholder = "#VEXO_ENTITY_IMAGE#";
+    ASSERT_NE(withoutEntities.find(placeholder), std::string::npos);
+    withoutEntities.replace(withoutEntities.find(placeholder), placeholder.size(), "999\r\nnothing");
+    for (const std::string& text : {std::string("0\r\nEOF\r\n"), withoutEntities}) {
+        writeFile(m_template, text);
+        expectFailureOfBoth("the images did not come into the drawing, which was discarded, because the file "
+                            "\"PrepImageAbschnitte_2010.template\"");
+    }
+}
+
+TEST_F(ProgramWithOwnTemplate, OutputThatWouldReplaceTheTemplate) {
+    const std::string text = readBytes(wholeTemplate());
+    writeFile(m_template, text);
+    const std::string words =
+        "this is the template of all drawings, which this one would replace; name another";
+    expectFailure({"3d", at("SITE.json"), utf8FromPath(m_template)}, 2, words, m_setting);
+    fs::create_hard_link(m_template, m_folder / "other name.dxf");
+    expectFailure({"2d", at("SITE.json"), at("other name.dxf")}, 2, words, m_setting);
+#ifndef _WIN32
+    fs::create_symlink(m_template, m_folder / "link.dxf");
+    expectFailure({"3d", at("SITE.json"), at("link.dxf")}, 2, words, m_setting);
+#endif
+    EXPECT_EQ(readBytes(m_template), text);
 }
 
 #ifndef _WIN32
@@ -233,6 +264,32 @@ TEST_F(ProgramErrors, FullDisk) {
                   '"' + at("out.dxf") +
                       "\": the drawing came out incomplete and was discarded; the disk is probably full",
                   afterShell("trap '' XFSZ; ulimit -f 4; "));
+}
+
+TEST_F(ProgramErrors, LimitOfFileSizesThatEndsOtherPrograms) {
+    expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1, "the drawing came out incomplete",
+                  afterShell("ulimit -f 4; "));
+}
+
+TEST_F(ProgramErrors, FolderWhoseNameBreaksLines) {
+    const std::string folder = at("a\nb");
+    fs::create_directory(folder);
+    fs::copy_file(m_folder / "SITE.json", folder + "/SITE.json");
+    for (const char* form : {"absolute", "relative"}) {
+        expectFailure(
+            {"3d", folder + "/SITE.json", at("out.dxf"), "--paths", form}, 2,
+            "a\\nb/a.png\" holds a control character, which would break the drawing's lines; rename");
+    }
+    const ProgramResult result =
+        runProgram({"3d", folder + "/SITE.json", folder + "/out.dxf", "--paths", "as-given"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.out.find(at("a\\nb/out.dxf: 1 image, ")), 0U) << result.out;
+}
+
+TEST_F(ProgramErrors, NoFileCanBeOpenedAnyMore) {
+    // The template is the first file that is open beside another one.
+    expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1, "because too many are open",
+                  afterShell("sh -c 'ulimit -n 4; exec \"$0\" \"$@\"' "));
 }
 
 TEST_F(ProgramErrors, FolderInWhichNothingCanBeCreated) {
@@ -267,6 +324,22 @@ TEST_F(ProgramErrors, ResultThatCannotBePrinted) {
     setting.output = "/dev/full";
     expectFailure({"plane", at("SITE.json")}, 1, "the result could not be printed", setting);
     expectFailure({"--help"}, 1, "the result could not be printed", setting);
+    expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1, "the result could not be printed", setting);
+}
+
+TEST_F(ProgramErrors, ClosedStandardFiles) {
+    for (const char* command : {"3d", "2d"}) {
+        const ProgramResult result = runProgram({command, at("SITE.json"), at("out.dxf")}, closing(">&-"));
+        EXPECT_EQ(result.status, 1);
+        EXPECT_NE(result.err.find("the result could not be printed"), std::string::npos) << result.err;
+        EXPECT_EQ(readBytes(m_folder / "out.dxf"), "good drawing");
+    }
+    // What is said goes nowhere, above all not into a file that took the closed one's number.
+    writeFile(m_folder / "SITE.json", siteText({imageText("missing.png")}));
+    const ProgramResult result = runProgram({"3d", at("SITE.json"), at("new.dxf")}, closing("<&- 2>&-"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(readBytes(m_folder / "new.dxf").find("rasterplan"), std::string::npos);
 }
 
 TEST_F(ProgramErrors, FolderWhoseNameIsNoText) {

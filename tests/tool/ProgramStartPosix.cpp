@@ -20,12 +20,12 @@ std::string quotedForShell(const std::string& text) {
 
 int startAndWait(const std::filesystem::path& executable, const std::vector<std::string>& arguments,
                  const std::filesystem::path& out, const std::filesystem::path& err,
-                 const std::string& shellBefore) {
+                 const std::string& shellBefore, const std::string& shellBehind) {
     std::string command = shellBefore + quotedForShell(executable.string());
     for (const std::string& argument : arguments) {
         command += ' ' + quotedForShell(argument);
     }
-    command += " >" + quotedForShell(out.string()) + " 2>" + quotedForShell(err.string());
+    command += " >" + quotedForShell(out.string()) + " 2>" + quotedForShell(err.string()) + ' ' + shellBehind;
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }

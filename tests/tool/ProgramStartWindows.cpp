@@ -51,7 +51,7 @@ std::wstring quotedArgument(const std::wstring& text) {
 } // namespace
 
 int startAndWait(const fs::path& executable, const std::vector<std::string>& arguments, const fs::path& out,
-                 const fs::path& err, const std::string&) {
+                 const fs::path& err, const std::string&, const std::string&) {
     std::wstring commandLine = quotedArgument(executable.wstring());
     for (const std::string& argument : arguments) {
         commandLine += L' ' + quotedArgument(wideFromPath(pathFromUtf8(argument)));

@@ -61,8 +61,7 @@ TEST_F(Program, WritesTheDrawingAndSaysSo) {
         EXPECT_EQ(result.status, 0) << result.err;
         EXPECT_EQ(result.err, "");
         const std::string drawing = readBytes(m_folder / "out ü.dxf");
-        EXPECT_EQ(result.out,
-                  "wrote " + at("out ü.dxf") + ": 2 images, " + std::to_string(drawing.size()) + " bytes\n");
+        EXPECT_EQ(result.out, at("out ü.dxf") + ": 2 images, " + std::to_string(drawing.size()) + " bytes\n");
         EXPECT_EQ(countOf(drawing, "0\r\nIMAGE\r\n"), 2U);
         EXPECT_EQ(countOf(drawing, "\r\nAcDbLine\r\n"), 12U);
         EXPECT_EQ(m_folder.names(), (std::vector<std::string>{"SITE.json", "bilder", "out ü.dxf"}));

@@ -4,13 +4,13 @@
 #include "NumberText.h"
 #include "PathText.h"
 #include "UnitNames.h"
+#include "VisibleText.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
 #include <sstream>
 #include <string_view>
 
@@ -50,8 +50,8 @@ stand in an image too. The units:
            R"(
 
 Exit status: 0 done, perhaps with warnings; 1 the drawing could not be written;
-2 wrong command line or SITE.json. A run that fails leaves an existing OUT.dxf
-as it was.)";
+2 wrong command line or SITE.json. A run that fails or is interrupted leaves an
+existing OUT.dxf as it was.)";
 }
 
 // The texts of the options as the user typed them.
@@ -67,8 +67,30 @@ struct OptionTexts {
     bool json = false;
 };
 
-const std::map<std::string, PathForm> pathForms{
-    {"absolute", PathForm::Absolute}, {"relative", PathForm::Relative}, {"as-given", PathForm::AsGiven}};
+struct PathFormName {
+    PathForm form;
+    std::string_view name;
+};
+
+constexpr std::array<PathFormName, 3> pathForms{{
+    {PathForm::Absolute, "absolute"},
+    {PathForm::Relative, "relative"},
+    {PathForm::AsGiven, "as-given"},
+}};
+
+std::vector<std::string> pathFormNames() {
+    std::vector<std::string> names;
+    for (const PathFormName& row : pathForms) {
+        names.emplace_back(row.name);
+    }
+    return names;
+}
+
+PathForm pathFormOf(std::string_view name) {
+    return std::find_if(pathForms.begin(), pathForms.end(),
+                        [name](const PathFormName& row) { return row.name == name; })
+        ->form;
+}
 
 std::string_view trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -84,7 +106,7 @@ TripleDouble parseTriple(std::string_view option, std::string_view text) {
         const bool last = i + 1 == numbers.size();
         const std::optional<double> number = parseNumber(trimmed(rest.substr(0, comma)));
         if (!number || std::abs(*number) > largestCoordinate || last != (comma == std::string_view::npos)) {
-            throw BadInput(std::string(option) + ": \"" + std::string(text) +
+            throw BadInput(std::string(option) + ": \"" + visible(text) +
                            "\" is not x,y,z; write three numbers with a point and commas between, such as "
                            "1.5,0,-2");
         }
@@ -100,7 +122,7 @@ std::optional<double> parseTolerance(std::string_view option, const std::string&
     }
     const std::optional<double> number = parseNumber(text);
     if (!number || *number < 0.0) {
-        throw BadInput(std::string(option) + ": \"" + text +
+        throw BadInput(std::string(option) + ": \"" + visible(text) +
                        "\" is not a number that fits; write 0 or more, such as 0.5");
     }
     return number;
@@ -136,7 +158,7 @@ void addOutput(CLI::App& command, OptionTexts& texts) {
                     "How the drawing names its pictures:\nabsolute (the default), "
                     "relative (to OUT.dxf's folder)\nor as-given (the text of SITE.json)")
         ->type_name("FORM")
-        ->check(CLI::IsMember({"absolute", "relative", "as-given"}).description(""));
+        ->check(CLI::IsMember(pathFormNames()).description(""));
 }
 
 void addPlane(CLI::App& command, OptionTexts& texts) {
@@ -197,16 +219,19 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
                 (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
                 "; the commands are 3d, 2d and plane";
         }
-        throw BadInput(text + "; \"rasterplan --help\" shows the usage");
+        throw BadInput(visible(text) + "; \"rasterplan --help\" shows the usage");
     }
 
     CommandLine commandLine;
     commandLine.command = write3d->parsed()   ? Command::Write3d
                           : write2d->parsed() ? Command::Write2d
                                               : Command::ShowPlane;
+    if (commandLine.command != Command::ShowPlane && texts.output.empty()) {
+        throw BadInput("the output path is empty; name a file, such as site.dxf");
+    }
     commandLine.site = pathFromUtf8(texts.site);
     commandLine.output = pathFromUtf8(texts.output);
-    commandLine.pathForm = pathForms.at(texts.pathForm);
+    commandLine.pathForm = pathFormOf(texts.pathForm);
     commandLine.plane = parsePlane(texts);
     commandLine.angleTolerance = parseTolerance("--angle-tolerance", texts.angleTolerance);
     commandLine.distanceTolerance = parseTolerance("--distance-tolerance", texts.distanceTolerance);

@@ -1,5 +1,7 @@
 #include "Console.h"
 
+#include "VisibleText.h"
+
 #include <algorithm>
 
 namespace rasterplan_tool {
@@ -9,7 +11,9 @@ namespace {
 void printLines(std::ostream& stream, std::string_view label, std::string_view text) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        stream << "rasterplan: " << label << ": " << text.substr(0, end) << '\n';
+        stream << "rasterplan: " << label << ": ";
+        printVisible(stream, text.substr(0, end));
+        stream << '\n';
         text.remove_prefix(std::min(end + 1, text.size()));
     }
 }

@@ -10,10 +10,11 @@ struct Console {
     std::ostream& out; ///< Results.
     std::ostream& err; ///< Errors and warnings.
 
-    /// Prints "rasterplan: error: " and the text, for each of its lines.
+    /// Prints "rasterplan: error: " and the text, for each of its lines; what would steer a terminal is made
+    /// visible. Needs no memory.
     void error(std::string_view text);
 
-    /// Prints "rasterplan: warning: " and the text, for each of its lines.
+    /// Prints "rasterplan: warning: " and the text, as `error` does.
     void warning(std::string_view text);
 };
 

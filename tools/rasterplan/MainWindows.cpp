@@ -1,7 +1,6 @@
 #include "PathText.h"
 #include "Run.h"
 
-#include <filesystem>
 #include <iostream>
 
 #include <windows.h>
@@ -28,9 +27,13 @@ private:
 // The narrow arguments of main lack every character that the system's code page lacks.
 int wmain(int count, wchar_t** wideArguments) {
     const Utf8Console console;
-    std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i) {
-        arguments.push_back(rasterplan_tool::shownText(std::filesystem::path(wideArguments[i])));
-    }
-    return rasterplan_tool::run(arguments, {std::cout, std::cerr});
+    return rasterplan_tool::run(
+        [count, wideArguments] {
+            std::vector<std::string> arguments;
+            for (int i = 1; i < count; ++i) {
+                arguments.push_back(rasterplan_tool::utf8FromPath(wideArguments[i]));
+            }
+            return arguments;
+        },
+        {std::cout, std::cerr});
 }

@@ -4,9 +4,12 @@
 #include "JsonText.h"
 #include "NumberText.h"
 #include "PathText.h"
+#include "Resources.h"
 #include "UnitNames.h"
+#include "VisibleText.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <fstream>
 #include <initializer_list>
@@ -45,11 +48,13 @@ public:
                     known += known.empty() ? "" : ", ";
                     known += name;
                 }
-                fail(member->line, "has the unknown field \"" + member->name + "\"; the fields are " + known);
+                fail(member->line,
+                     "has the unknown field \"" + visible(member->name) + "\"; the fields are " + known);
             }
             if (std::any_of(m_members->begin(), member,
                             [&](const JsonMember& earlier) { return earlier.name == member->name; })) {
-                fail(member->line, "has the field \"" + member->name + "\" twice; leave one of them out");
+                fail(member->line,
+                     "has the field \"" + visible(member->name) + "\" twice; leave one of them out");
             }
         }
     }
@@ -78,10 +83,7 @@ public:
         if (text->empty()) {
             failField(value, name, "is empty; name the picture's file");
         }
-        if (std::any_of(text->begin(), text->end(), [](char c) {
-                const auto code = static_cast<unsigned char>(c);
-                return code < 0x20 || code == 0x7F;
-            })) {
+        if (breaksLines(*text)) {
             failField(value, name,
                       "holds a control character, which would break the drawing's lines; rename the file "
                       "(a backslash in JSON is written \\\\)");
@@ -129,7 +131,7 @@ public:
         const std::optional<DrawingUnit> unit = unitFromName(*text);
         if (!unit) {
             failField(*value, name,
-                      "is \"" + *text + "\", which is no unit; the units are " + allUnitNames());
+                      "is \"" + visible(*text) + "\", which is no unit; the units are " + allUnitNames());
         }
         return *unit;
     }
@@ -197,25 +199,27 @@ std::string readFile(const fs::path& file) {
     if (fs::is_directory(file, ignored)) {
         throw BadInput(quoted(file) + ": this is a folder; name the SITE.json file in it");
     }
+    errno = 0;
     std::ifstream stream(file, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream.is_open() || stream.bad()) {
+    if (!stream.is_open()) {
+        throwIfExhausted(errno);
         throw BadInput(quoted(file) + ": the file cannot be read; check its permissions");
     }
-    return text;
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 } // namespace
 
 std::string Manifest::where(std::size_t index) const {
     return at(file, images[index].line) + ": image " + std::to_string(index + 1) + " (\"" +
-           images[index].path + "\")";
+           visible(images[index].path) + "\")";
 }
 
 fs::path Manifest::pictureFile(std::size_t index) const {
     const fs::path picture = fs::absolute(file).parent_path() / pathFromUtf8(images[index].path);
     std::error_code error;
     const fs::path folder = fs::weakly_canonical(picture.parent_path(), error);
+    throwIfExhausted(error);
     return error ? picture : folder / picture.filename();
 }
 

@@ -2,18 +2,21 @@
 
 #include "Failure.h"
 #include "PathText.h"
+#include "VisibleText.h"
 
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
 
-std::wstring drawingPath(PathForm form, const std::string& asGiven, const fs::path& picture,
-                         const fs::path& drawingFolder) {
+namespace {
+
+fs::path writtenPath(PathForm form, const std::string& asGiven, const fs::path& picture,
+                     const fs::path& drawingFolder) {
     if (form == PathForm::AsGiven) {
-        return wideFromPath(pathFromUtf8(asGiven));
+        return pathFromUtf8(asGiven);
     }
     if (form == PathForm::Absolute) {
-        return wideFromPath(fs::path(picture).make_preferred());
+        return fs::path(picture).make_preferred();
     }
     const fs::path relative = picture.lexically_relative(drawingFolder);
     if (relative.empty()) {
@@ -21,7 +24,21 @@ std::wstring drawingPath(PathForm form, const std::string& asGiven, const fs::pa
             "the picture is on another drive than the drawing, so no relative path leads there; use "
             "--paths absolute");
     }
-    return wideFromPath(fs::path(relative.generic_u8string()));
+    return {relative.generic_u8string()};
+}
+
+} // namespace
+
+std::wstring drawingPath(PathForm form, const std::string& asGiven, const fs::path& picture,
+                         const fs::path& drawingFolder) {
+    const fs::path written = writtenPath(form, asGiven, picture, drawingFolder);
+    // A folder's name is not in SITE.json, so it has not been looked at before.
+    if (breaksLines(utf8FromPath(written))) {
+        throw BadInput("the path " + quoted(written) +
+                       " holds a control character, which would break the drawing's lines; rename the "
+                       "folder or the file");
+    }
+    return wideFromPath(written);
 }
 
 } // namespace rasterplan_tool

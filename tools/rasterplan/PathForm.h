@@ -17,8 +17,8 @@ enum class PathForm {
 /// `asGiven` is the text of SITE.json, `picture` the file it names, `drawingFolder` the folder of the
 /// drawing; both paths are absolute, with the links among their folders followed.
 /// Relative texts have '/' between folders on every system, so that they do not depend on who wrote
-/// the drawing. Throws BadInput where the picture cannot be reached from the folder or its path is no Unicode
-/// text.
+/// the drawing. Throws BadInput where the picture cannot be reached from the folder, and where the text is no
+/// Unicode or holds a control character, which no line of a drawing can hold.
 std::wstring drawingPath(PathForm form, const std::string& asGiven, const std::filesystem::path& picture,
                          const std::filesystem::path& drawingFolder);
 

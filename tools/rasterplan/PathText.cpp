@@ -1,6 +1,9 @@
 #include "PathText.h"
 
 #include "Failure.h"
+#include "VisibleText.h"
+
+#include <new>
 
 namespace fs = std::filesystem;
 
@@ -25,8 +28,10 @@ std::string bytesOf(const std::u8string& text) {
 fs::path pathFromUtf8(std::string_view text) {
     try {
         return fs::path(std::u8string(text.begin(), text.end()));
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
-        failNotUnicode('"' + std::string(text) + '"');
+        failNotUnicode('"' + visible(text) + '"');
     }
 }
 
@@ -44,6 +49,8 @@ std::wstring wideFromPath(const fs::path& path) {
             const std::u32string text = path.u32string();
             return {text.begin(), text.end()};
         }
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
         failNotUnicode(quoted(path));
     }
@@ -51,7 +58,9 @@ std::wstring wideFromPath(const fs::path& path) {
 
 std::string shownText(const fs::path& path) {
     try {
-        return bytesOf(path.u8string());
+        return visible(bytesOf(path.u8string()));
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
         return "(a path that is not Unicode text)";
     }

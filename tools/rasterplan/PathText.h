@@ -18,7 +18,7 @@ std::string utf8FromPath(const std::filesystem::path& path);
 /// Throws BadInput where the path is no Unicode text.
 std::wstring wideFromPath(const std::filesystem::path& path);
 
-/// A path as UTF-8 text for messages; some other text where the path is no Unicode text.
+/// A path for messages: UTF-8 text in its visible form, some other text where the path is no Unicode text.
 std::string shownText(const std::filesystem::path& path);
 
 /// As shownText, between quotation marks.

@@ -2,14 +2,16 @@
 
 #include "Failure.h"
 #include "PathText.h"
+#include "ReplacedFile.h"
+#include "Resources.h"
+#include "WrittenDrawing.h"
 
-#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <fstream>
 #include <random>
 #include <string>
-#include <string_view>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -54,7 +56,9 @@ void requireWritable(const fs::path& destination) {
         throw ExportFailed(name + ": this is a device or a pipe; a drawing can only be written to a file");
     }
     // Renaming would replace a write-protected file all the same; its owner did not mean that.
+    errno = 0;
     if (!std::ofstream(destination, std::ios::binary | std::ios::app).is_open()) {
+        throwIfExhausted(errno);
         throw ExportFailed(name +
                            ": the file exists and cannot be written; take away its write protection, close "
                            "the program that holds it open, or name another file");
@@ -75,63 +79,53 @@ fs::path unusedNameIn(const fs::path& folder) {
     }
 }
 
-// The library does not notice a full disk. Every complete drawing ends with the pair 0, EOF.
-bool endsComplete(const fs::path& drawing, std::uintmax_t size) {
-    constexpr std::uintmax_t longestEnd = 256;
-    std::ifstream stream(drawing, std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(size - std::min(size, longestEnd)));
-    std::array<char, longestEnd> buffer;
-    stream.read(buffer.data(), buffer.size());
-    std::string_view end(buffer.data(), static_cast<std::size_t>(stream.gcount()));
-
-    const auto takeLastLine = [&end] {
-        const std::size_t last = end.find_last_not_of(" \r\n");
-        end = end.substr(0, last == std::string_view::npos ? 0 : last + 1);
-        const std::size_t start = end.find_last_of(" \r\n");
-        const std::string_view line = end.substr(start == std::string_view::npos ? 0 : start + 1);
-        end.remove_suffix(line.size());
-        return line;
-    };
-    return takeLastLine() == "EOF" && takeLastLine() == "0";
+fs::path destinationOf(const fs::path& output) {
+    const fs::path place = followLinks(fs::absolute(output));
+    fs::path destination = fs::weakly_canonical(place.parent_path()) / place.filename();
+    requireWritable(destination);
+    return destination;
 }
 
 } // namespace
 
-PendingDrawing::PendingDrawing(const fs::path& output) {
-    if (output.empty()) {
-        throw ExportFailed("the output path is empty; name a file, such as site.dxf");
-    }
-    const fs::path place = followLinks(fs::absolute(output));
-    m_destination = fs::weakly_canonical(place.parent_path()) / place.filename();
-    requireWritable(m_destination);
-    m_temporary = unusedNameIn(m_destination.parent_path());
-}
+PendingDrawing::PendingDrawing(const fs::path& output)
+    : m_destination(destinationOf(output))
+    , m_temporary(unusedNameIn(m_destination.parent_path())) {}
 
-PendingDrawing::~PendingDrawing() {
-    std::error_code ignored;
-    fs::remove(m_temporary, ignored);
-}
-
-std::uintmax_t PendingDrawing::putInPlace() {
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(m_temporary, error);
-    if (error || !endsComplete(m_temporary, size)) {
+std::uintmax_t PendingDrawing::check(std::size_t images) const {
+    const WrittenDrawing drawing = readBack(temporary());
+    const std::string name = quoted(m_destination);
+    if (!drawing.isComplete) { // the library does not notice a full disk
         throw ExportFailed(
-            quoted(m_destination) +
-            ": the drawing came out incomplete and was discarded; the disk is probably full: make "
-            "room and try again");
+            name +
+            ": the drawing came out incomplete and was discarded; the disk is probably full: make room and "
+            "try again");
     }
-    const fs::file_status replaced = fs::status(m_destination, error);
-    if (fs::exists(replaced)) {
-        fs::permissions(m_temporary, replaced.permissions(), error);
+    if (drawing.images >= images && drawing.imageDefinitions >= images) {
+        return drawing.size;
     }
-    fs::rename(m_temporary, m_destination, error);
+    if (drawing.images == drawing.imageDefinitions && drawing.images > 0) { // the library left some out
+        throw ExportFailed(
+            name + ": only " + std::to_string(drawing.images) + " of the " + std::to_string(images) +
+            " images came into the drawing, which was discarded; so far from the plane's origin "
+            "the others have lost their shape: give an --origin near the images");
+    }
+    throw ExportFailed(
+        name +
+        ": the images did not come into the drawing, which was discarded, because the file "
+        "\"PrepImageAbschnitte_2010.template\" beside the RasterPlanWriter library has no place for them; "
+        "install the program again");
+}
+
+void PendingDrawing::putInPlace() {
+    takeOver(m_destination, temporary());
+    std::error_code error;
+    fs::rename(temporary(), m_destination, error);
     if (error) {
         throw ExportFailed(quoted(m_destination) + ": the finished drawing cannot be put in place (" +
                            error.message() +
                            "); close the program that holds the file open, or name another file");
     }
-    return size;
 }
 
 } // namespace rasterplan_tool

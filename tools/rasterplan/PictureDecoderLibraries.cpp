@@ -1,7 +1,9 @@
 // The decoder of systems that bring libpng and libjpeg.
 
 #include "PictureDecoder.h"
+#include "Resources.h"
 
+#include <cerrno>
 #include <csetjmp>
 #include <cstdio>
 #include <memory>
@@ -22,10 +24,12 @@ PixelSize decodePng(std::FILE* file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     const bool readable = png_image_begin_read_from_stdio(&image, file) != 0;
+    const int systemError = errno;
     const PixelSize size{image.width, image.height};
     const std::string message = image.message;
     png_image_free(&image);
     if (!readable) {
+        throwIfExhausted(systemError);
         throw PictureError("the PNG header is damaged (" + message + ')');
     }
     return size;
@@ -63,9 +67,11 @@ PixelSize decodeJpeg(std::FILE* file) {
     errors.manager.error_exit = leaveJpeg;
     errors.manager.emit_message = ignoreJpegWarning;
     const bool readable = readJpegHeader(file, codec, errors);
+    const int systemError = errno;
     const PixelSize size{codec.image_width, codec.image_height};
     jpeg_destroy_decompress(&codec);
     if (!readable) {
+        throwIfExhausted(systemError);
         throw PictureError(std::string("the JPEG header is damaged (") + errors.message + ')');
     }
     return size;
@@ -74,8 +80,10 @@ PixelSize decodeJpeg(std::FILE* file) {
 } // namespace
 
 PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat format) {
+    errno = 0;
     const std::unique_ptr<std::FILE, CloseFile> stream(std::fopen(file.c_str(), "rb"));
     if (!stream) {
+        throwIfExhausted(errno);
         throw PictureError("the file cannot be opened");
     }
     return format == PictureFormat::Png ? decodePng(stream.get()) : decodeJpeg(stream.get());

@@ -1,8 +1,10 @@
 #include "PictureHeader.h"
 
 #include "PictureDecoder.h"
+#include "Resources.h"
 
 #include <array>
+#include <cerrno>
 #include <fstream>
 #include <string_view>
 #include <system_error>
@@ -34,8 +36,10 @@ PixelSize readPixelSize(const fs::path& file) {
     if (!fs::is_regular_file(status)) {
         throw PictureError("this is not a file");
     }
+    errno = 0;
     std::ifstream stream(file, std::ios::binary);
     if (!stream.is_open()) {
+        throwIfExhausted(errno);
         throw PictureError("the file cannot be opened");
     }
     std::array<char, 8> buffer{};

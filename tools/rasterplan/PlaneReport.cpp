@@ -3,6 +3,7 @@
 #include "NumberText.h"
 #include "UnitNames.h"
 #include "Vector.h"
+#include "VisibleText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -74,7 +75,7 @@ void printPlane(std::ostream& out, const Manifest& manifest, const Plane& plane,
         const Deviation deviation = deviationFrom(plane, images[i]);
         rows.push_back({std::to_string(i + 1), fixedText(deviation.distance, 6),
                         fixedText(deviation.angleDegrees, 4), fixedText(deviation.turnDegrees, 4),
-                        manifest.images[i].path});
+                        visible(manifest.images[i].path)});
     }
     printTable(out, {Align::Right, Align::Right, Align::Right, Align::Right, Align::Left}, rows);
 }

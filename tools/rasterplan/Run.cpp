@@ -8,10 +8,13 @@
 #include "PendingDrawing.h"
 #include "PictureCheck.h"
 #include "PlaneReport.h"
+#include "Resources.h"
 #include "ResultText.h"
 #include "Site.h"
+#include "TemplateFile.h"
+#include "VisibleText.h"
 
-#include <algorithm>
+#include <cerrno>
 #include <new>
 #include <system_error>
 
@@ -38,10 +41,16 @@ std::vector<std::wstring> drawingPaths(const Manifest& manifest, PathForm form,
     return paths;
 }
 
+fs::path withoutLinks(const fs::path& path) {
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    throwIfExhausted(error);
+    return error ? path : real;
+}
+
 bool isSamePlace(const fs::path& a, const fs::path& b) {
     std::error_code ignored;
-    return fs::equivalent(a, b, ignored) ||
-           fs::weakly_canonical(a, ignored) == fs::weakly_canonical(b, ignored);
+    return fs::equivalent(a, b, ignored) || withoutLinks(a) == withoutLinks(b);
 }
 
 void refuseToReplaceInput(const fs::path& destination, const Manifest& manifest) {
@@ -49,6 +58,11 @@ void refuseToReplaceInput(const fs::path& destination, const Manifest& manifest)
         throw BadInput(
             quoted(destination) +
             ": this is SITE.json itself, which the drawing would replace; name another output file");
+    }
+    if (isTemplate(destination)) {
+        throw BadInput(
+            quoted(destination) +
+            ": this is the template of all drawings, which this one would replace; name another output file");
     }
     for (std::size_t i = 0; i < manifest.images.size(); ++i) {
         if (isSamePlace(destination, manifest.pictureFile(i))) {
@@ -67,8 +81,16 @@ Tolerance toleranceOf(const CommandLine& commandLine, const ImageParam& image) {
 
 // What the library throws here it throws before anything is opened.
 RasterPlanWriter::ErrorEnum write(RasterPlanWriter& drawing, const std::optional<Plane>& plane) {
+    errno = 0;
     try {
-        return plane ? drawing.create2DDxf(plane->origin, plane->xAxis, plane->yAxis) : drawing.create3DDxf();
+        const RasterPlanWriter::ErrorEnum result =
+            plane ? drawing.create2DDxf(plane->origin, plane->xAxis, plane->yAxis) : drawing.create3DDxf();
+        if (result == RasterPlanWriter::CannotOpenOutput || result == RasterPlanWriter::CannotOpenTemplate) {
+            throwIfExhausted(errno);
+        }
+        return result;
+    } catch (const Failure&) {
+        throw;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
@@ -79,7 +101,13 @@ RasterPlanWriter::ErrorEnum write(RasterPlanWriter& drawing, const std::optional
     }
 }
 
-void writeDrawing(const CommandLine& commandLine, Console& console) {
+void flush(Console& console) {
+    if (!console.out.flush()) {
+        throw ExportFailed("the result could not be printed; the disk is probably full");
+    }
+}
+
+void writeDrawing(const CommandLine& commandLine, Console& console, const MemoryWatch& memory) {
     const Manifest manifest = readManifest(commandLine.site);
     PendingDrawing pending(commandLine.output);
     refuseToReplaceInput(pending.destination(), manifest);
@@ -100,9 +128,13 @@ void writeDrawing(const CommandLine& commandLine, Console& console) {
     if (result != RasterPlanWriter::Success) {
         throw ExportFailed(quoted(pending.destination()) + ": " + std::string(writeResultText(result)));
     }
-    const std::uintmax_t size = pending.putInPlace();
-    console.out << "wrote " + shownText(pending.destination()) + ": " + std::to_string(images.size()) +
+    const std::uintmax_t size = pending.check(images.size());
+    memory.require();
+    // Printed first: where that fails, the run has failed and the old drawing stays.
+    console.out << shownText(pending.destination()) + ": " + std::to_string(images.size()) +
                        (images.size() == 1 ? " image, " : " images, ") + std::to_string(size) + " bytes\n";
+    flush(console);
+    pending.putInPlace();
 }
 
 void showPlane(const CommandLine& commandLine, Console& console) {
@@ -115,37 +147,53 @@ void showPlane(const CommandLine& commandLine, Console& console) {
     (commandLine.json ? printPlaneAsJson : printPlane)(console.out, manifest, proposePlane(drawing), images);
 }
 
-void obey(const std::vector<std::string>& arguments, Console& console) {
-    const CommandLineResult parsed = parseCommandLine(arguments);
+void obey(const ArgumentReader& readArguments, Console& console, const MemoryWatch& memory) {
+    const CommandLineResult parsed = parseCommandLine(readArguments());
+    memory.require();
     if (!parsed.commandLine) {
         console.out << parsed.answer;
+        flush(console);
     } else if (parsed.commandLine->command == Command::ShowPlane) {
         showPlane(*parsed.commandLine, console);
+        flush(console);
     } else {
-        writeDrawing(*parsed.commandLine, console);
+        writeDrawing(*parsed.commandLine, console, memory);
     }
-    if (!console.out.flush()) {
-        throw ExportFailed("the result could not be printed; the disk is probably full");
+}
+
+// As obey, but what the system's libraries throw is put in words too.
+void obeyInWords(const ArgumentReader& readArguments, Console& console, const MemoryWatch& memory) {
+    try {
+        obey(readArguments, console, memory);
+    } catch (const Failure&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::system_error& error) {
+        throwIfExhausted(error.code());
+        throw ExportFailed("the system failed unexpectedly: " + visible(error.what()));
+    } catch (const std::exception& error) {
+        throw ExportFailed("the system failed unexpectedly: " + visible(error.what()));
     }
 }
 
 } // namespace
 
-int run(const std::vector<std::string>& arguments, Console console) noexcept {
-    ExitStatus status = ExitStatus::Success;
+int run(const ArgumentReader& readArguments, Console console) noexcept {
+    const MemoryWatch memory;
     try {
-        obey(arguments, console);
+        obeyInWords(readArguments, console, memory);
+        return static_cast<int>(ExitStatus::Success);
     } catch (const Failure& failure) {
-        status = failure.status();
-        console.error(failure.what());
+        if (!memory.ranOut()) { // otherwise it is a mere consequence
+            console.error(failure.what());
+            return static_cast<int>(failure.status());
+        }
     } catch (const std::bad_alloc&) {
-        status = ExitStatus::ExportFailed;
-        console.error("the memory ran out; close other programs or export fewer images at once");
-    } catch (const std::exception& failure) {
-        status = ExitStatus::ExportFailed;
-        console.error(std::string("the system failed unexpectedly: ") + failure.what());
+        // said below, without another allocation
     }
-    return static_cast<int>(status);
+    console.error("the memory ran out; close other programs or export fewer images at once");
+    return static_cast<int>(ExitStatus::ExportFailed);
 }
 
 } // namespace rasterplan_tool

@@ -2,13 +2,16 @@
 
 #include "Console.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace rasterplan_tool {
 
-/// The whole program: does what the arguments (UTF-8, without the program's name) say and returns the exit
-/// status. Never throws.
-int run(const std::vector<std::string>& arguments, Console console) noexcept;
+/// Hands out the arguments (UTF-8, without the program's name). May throw.
+using ArgumentReader = std::function<std::vector<std::string>()>;
+
+/// The whole program: does what the arguments say and returns the exit status. Never throws.
+int run(const ArgumentReader& readArguments, Console console) noexcept;
 
 } // namespace rasterplan_tool

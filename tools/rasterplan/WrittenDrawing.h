@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+
+namespace rasterplan_tool {
+
+/// What a drawing holds, read back from its file.
+struct WrittenDrawing {
+    std::uintmax_t size = 0; ///< In bytes.
+    std::size_t images = 0;
+    std::size_t imageDefinitions = 0;
+    bool isComplete = false; ///< The last group is 0, EOF.
+};
+
+/// Reads a drawing back, group by group.
+/// Throws ExportFailed when the file cannot be opened.
+WrittenDrawing readBack(const std::filesystem::path& drawing);
+
+} // namespace rasterplan_tool
