@@ -46,8 +46,14 @@ std::string optionText(const char* name, const TripleDouble& triple) {
            shortestText(triple.z);
 }
 
-nlohmann::ordered_json toJson(const TripleDouble& triple) {
-    return {triple.x, triple.y, triple.z};
+// Of one value only: where memory has run out, the destructor of a list or an object ends the program.
+template <typename Value>
+std::string json(const Value& value) {
+    return nlohmann::json(value).dump();
+}
+
+std::string json(const TripleDouble& triple) {
+    return '[' + json(triple.x) + ", " + json(triple.y) + ", " + json(triple.z) + ']';
 }
 
 // Leaves a list between commas empty where there is nothing to say.
@@ -82,21 +88,18 @@ void printPlane(std::ostream& out, const Manifest& manifest, const Plane& plane,
 
 void printPlaneAsJson(std::ostream& out, const Manifest& manifest, const Plane& plane,
                       const std::vector<ImageParam>& images) {
-    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    out << "{\n  \"unit\": " << json(unitName(manifest.images.back().unit))
+        << ",\n  \"origin\": " << json(plane.origin) << ",\n  \"xAxis\": " << json(plane.xAxis)
+        << ",\n  \"yAxis\": " << json(plane.yAxis) << ",\n  \"images\": [";
     for (std::size_t i = 0; i < images.size(); ++i) {
         const Deviation deviation = deviationFrom(plane, images[i]);
-        list.push_back({{"image", i + 1},
-                        {"path", manifest.images[i].path},
-                        {"distance", deviation.distance},
-                        {"angleDegrees", deviation.angleDegrees},
-                        {"turnDegrees", deviation.turnDegrees}});
+        out << (i == 0 ? "\n" : ",\n") << "    {\"image\": " << json(i + 1)
+            << ", \"path\": " << json(manifest.images[i].path)
+            << ", \"distance\": " << json(deviation.distance)
+            << ", \"angleDegrees\": " << json(deviation.angleDegrees)
+            << ", \"turnDegrees\": " << json(deviation.turnDegrees) << '}';
     }
-    const nlohmann::ordered_json root{{"unit", unitName(manifest.images.back().unit)},
-                                      {"origin", toJson(plane.origin)},
-                                      {"xAxis", toJson(plane.xAxis)},
-                                      {"yAxis", toJson(plane.yAxis)},
-                                      {"images", std::move(list)}};
-    out << root.dump(2) << '\n';
+    out << "\n  ]\n}\n";
 }
 
 void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<ImageParam>& images,

@@ -16,6 +16,7 @@
 
 #include <cerrno>
 #include <new>
+#include <sstream>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -137,14 +138,18 @@ void writeDrawing(const CommandLine& commandLine, Console& console, const Memory
     pending.putInPlace();
 }
 
-void showPlane(const CommandLine& commandLine, Console& console) {
+void showPlane(const CommandLine& commandLine, Console& console, const MemoryWatch& memory) {
     const Manifest manifest = readManifest(commandLine.site);
     const std::vector<ImageParam> images =
         makeImages(manifest, drawingPaths(manifest, PathForm::AsGiven, {}));
     RasterPlanWriter drawing;
     addImages(drawing, manifest, images);
     checkManifest(manifest, console);
-    (commandLine.json ? printPlaneAsJson : printPlane)(console.out, manifest, proposePlane(drawing), images);
+    std::ostringstream report; // all of it or nothing
+    (commandLine.json ? printPlaneAsJson : printPlane)(report, manifest, proposePlane(drawing), images);
+    memory.require();
+    console.out << report.view();
+    flush(console);
 }
 
 void obey(const ArgumentReader& readArguments, Console& console, const MemoryWatch& memory) {
@@ -154,8 +159,7 @@ void obey(const ArgumentReader& readArguments, Console& console, const MemoryWat
         console.out << parsed.answer;
         flush(console);
     } else if (parsed.commandLine->command == Command::ShowPlane) {
-        showPlane(*parsed.commandLine, console);
-        flush(console);
+        showPlane(*parsed.commandLine, console, memory);
     } else {
         writeDrawing(*parsed.commandLine, console, memory);
     }
