@@ -155,10 +155,13 @@ TEST_F(ProgramErrors, ImagesThatLoseTheirShapeFarFromTheOrigin) {
         R"({"path": "a.png", "leftTop": [0,0,64], "leftBottom": [0,0,0], "rightBottom": [64,0,0], "pixelsPerUnit": 1})";
     const std::string turned =
         R"({"path": "b.png", "leftTop": [-0.54,0,0.72], "leftBottom": [0,0,0], "rightBottom": [1.36,0,1.02], "pixelsPerUnit": 1})";
+    const std::vector<std::string> arguments{
+        "2d", at("SITE.json"), at("out.dxf"), "--origin=1e15,0,1e15", "--x-axis=1,0,0", "--y-axis=0,0,1"};
     writeFile(m_folder / "SITE.json", siteText({square, turned}));
-    expectFailure(
-        {"2d", at("SITE.json"), at("out.dxf"), "--origin=1e15,0,1e15", "--x-axis=1,0,0", "--y-axis=0,0,1"}, 1,
-        "only 1 of the 2 images came into the drawing, which was discarded");
+    expectFailure(arguments, 1, "only 1 of the 2 images came into the drawing, which was discarded");
+    writeFile(m_folder / "SITE.json", siteText({turned}));
+    expectFailure(arguments, 1,
+                  "so far from the plane's origin the images have lost their shape; give an --origin");
 }
 
 TEST_F(ProgramErrors, NamesThatSteerATerminalAreShown) {

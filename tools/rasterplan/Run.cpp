@@ -12,8 +12,10 @@
 #include "ResultText.h"
 #include "Site.h"
 #include "TemplateFile.h"
+#include "Vector.h"
 #include "VisibleText.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <sstream>
@@ -102,9 +104,20 @@ RasterPlanWriter::ErrorEnum write(RasterPlanWriter& drawing, const std::optional
     }
 }
 
+// The library leaves out images that have lost their shape by rounding; of a drawing without any it tells no
+// more than of a damaged template.
+bool isFarOff(const Plane& plane, const std::vector<ImageParam>& images) {
+    constexpr double mostSizesAway = 1e12;
+    return std::all_of(images.begin(), images.end(), [&plane](const ImageParam& image) {
+        return length(image.getLeftBottomCorner() - plane.origin) >
+               mostSizesAway * std::min(image.getImgWidth(), image.getImgHeight());
+    });
+}
+
 void flush(Console& console) {
     if (!console.out.flush()) {
-        throw ExportFailed("the result could not be printed; the disk is probably full");
+        throw ExportFailed(
+            "the result could not be printed; the disk is probably full, or the output is closed");
     }
 }
 
@@ -126,6 +139,12 @@ void writeDrawing(const CommandLine& commandLine, Console& console, const Memory
         checkPlane(manifest, *plane, images, toleranceOf(commandLine, images.back()), console);
     }
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
+    if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
+        throw ExportFailed(
+            quoted(pending.destination()) +
+            ": so far from the plane's origin the images have lost their shape; give an --origin "
+            "near them");
+    }
     if (result != RasterPlanWriter::Success) {
         throw ExportFailed(quoted(pending.destination()) + ": " + std::string(writeResultText(result)));
     }
