@@ -80,6 +80,7 @@ constexpr std::array<PathFormName, 3> pathForms{{
 
 std::vector<std::string> pathFormNames() {
     std::vector<std::string> names;
+    names.reserve(pathForms.size());
     for (const PathFormName& row : pathForms) {
         names.emplace_back(row.name);
     }
