@@ -2,15 +2,12 @@
 // drawings can lie, the templates that cannot be used, and what a host may have set before.
 
 #include "HostFolder.h"
+#include "support/OrdinaryUser.h"
 #include "support/StructureWalk.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace {
 
@@ -34,15 +31,6 @@ std::string answerWith(const HostFolder& host) {
 std::string answerWith(std::string_view templateText) {
     return answerWith(HostFolder(templateText));
 }
-
-#ifndef _WIN32
-
-/// Before the host's name: permissions bind only those who are not the system's administrator.
-std::string asNobodySpecial() {
-    return geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
-}
-
-#endif
 
 } // namespace
 
@@ -205,7 +193,7 @@ TEST(HostPermissions, TemplateMayNotBeRead) {
     const HostFolder host(deliveredTemplate());
     fs::permissions(host.folder().path(), fs::perms::all);
     fs::permissions(host.templateFile(), fs::perms::none);
-    const HostRun run = host.play(sceneWriting(), asNobodySpecial());
+    const HostRun run = host.play(sceneWriting(), OrdinaryUser::shellPrefix());
     EXPECT_EQ(run.out, "image Success\nwrite3d CannotOpenTemplate\n") << run.err;
     EXPECT_EQ(host.drawing(), "");
 }
@@ -214,7 +202,7 @@ TEST(HostPermissions, TemplateMayBeReadOnly) {
     const HostFolder host(deliveredTemplate());
     fs::permissions(host.folder().path(), fs::perms::all);
     fs::permissions(host.templateFile(), fs::perms::owner_read | fs::perms::others_read);
-    EXPECT_EQ(host.play(sceneWriting(), asNobodySpecial()).out, "image Success\nwrite3d Success\n");
+    EXPECT_EQ(host.play(sceneWriting(), OrdinaryUser::shellPrefix()).out, "image Success\nwrite3d Success\n");
 }
 
 TEST(HostPermissions, FolderOfTheOutputMayNotBeWrittenTo) {
@@ -222,7 +210,7 @@ TEST(HostPermissions, FolderOfTheOutputMayNotBeWrittenTo) {
     create_directory(host.folder() / "closed");
     fs::permissions(host.folder() / "closed", fs::perms::owner_read | fs::perms::owner_exec |
                                                   fs::perms::others_read | fs::perms::others_exec);
-    const HostRun run = host.play(sceneWriting("closed/drawing.dxf"), asNobodySpecial());
+    const HostRun run = host.play(sceneWriting("closed/drawing.dxf"), OrdinaryUser::shellPrefix());
     EXPECT_EQ(run.out, "image Success\nwrite3d CannotOpenOutput\n") << run.err;
     EXPECT_TRUE(is_empty(host.folder() / "closed"));
 }
@@ -231,7 +219,7 @@ TEST(HostPermissions, OutputMayNotBeWrittenTo) {
     const HostFolder host(deliveredTemplate());
     writeBytes(host.folder() / "drawing.dxf", "kept");
     fs::permissions(host.folder() / "drawing.dxf", fs::perms::owner_read | fs::perms::others_read);
-    const HostRun run = host.play(sceneWriting(), asNobodySpecial());
+    const HostRun run = host.play(sceneWriting(), OrdinaryUser::shellPrefix());
     EXPECT_EQ(run.out, "image Success\nwrite3d CannotOpenOutput\n") << run.err;
     EXPECT_EQ(host.drawing(), "kept");
 }

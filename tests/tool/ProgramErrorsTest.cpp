@@ -5,11 +5,11 @@
 #include "Program.h"
 #include "ProgramCopy.h"
 #include "TestFiles.h"
+#include "support/OrdinaryUser.h"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <fstream>
 
 namespace fs = std::filesystem;
 
@@ -298,24 +298,37 @@ TEST_F(ProgramErrors, NoFileCanBeOpenedAnyMore) {
                   afterShell("sh -c 'ulimit -n 4; exec \"$0\" \"$@\"' "));
 }
 
-TEST_F(ProgramErrors, FolderInWhichNothingCanBeCreated) {
-    const fs::path folder = "/sys/kernel";
-    if (!fs::is_directory(folder)) {
-        GTEST_SKIP() << "this system has no folder that nobody can write to";
+namespace {
+
+// The program as a user whom permissions bind. It is a copy, because that user may have no way to the build
+// folder.
+class ProgramWithoutPrivileges : public ProgramWithOwnTemplate {
+protected:
+    ProgramWithoutPrivileges() {
+        m_userSetting.shellBefore += rasterplan::test::OrdinaryUser::shellPrefix();
+        fs::copy_file(wholeTemplate(), m_template);
     }
-    expectFailure(
-        {"3d", at("SITE.json"), "/sys/kernel/out.dxf"}, 1,
-        "\"/sys/kernel/out.dxf\": no file can be created in the output folder; check that you may write "
-        "there");
+
+    ProgramSetting m_userSetting = m_setting;
+    static constexpr fs::perms m_readOnly =
+        fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec;
+};
+
+} // namespace
+
+TEST_F(ProgramWithoutPrivileges, FolderInWhichNothingCanBeCreated) {
+    fs::create_directory(m_folder / "closed");
+    fs::permissions(m_folder / "closed", m_readOnly);
+    expectFailure({"3d", at("SITE.json"), at("closed/out.dxf")}, 1,
+                  '"' + at("closed/out.dxf") +
+                      "\": no file can be created in the output folder; check that you may write there",
+                  m_userSetting);
 }
 
-TEST_F(ProgramErrors, FileThatCannotBeWritten) {
-    const fs::path file = "/sys/kernel/uevent_seqnum";
-    if (!fs::is_regular_file(file)) {
-        GTEST_SKIP() << "this system has no file that nobody can write to";
-    }
-    expectFailure({"3d", at("SITE.json"), utf8FromPath(file)}, 1,
-                  "the file exists and cannot be written; take away");
+TEST_F(ProgramWithoutPrivileges, FileThatCannotBeWritten) {
+    fs::permissions(m_folder / "out.dxf", m_readOnly);
+    expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1,
+                  "the file exists and cannot be written; take away", m_userSetting);
 }
 
 TEST_F(ProgramErrors, OutputOnADevice) {

@@ -6,6 +6,17 @@
 #include <sstream>
 #include <stdexcept>
 
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define RASTERPLAN_FINDS_LEAKS
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define RASTERPLAN_FINDS_LEAKS
+#endif
+#ifdef RASTERPLAN_FINDS_LEAKS
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace rasterplan::test {
 
 namespace {
@@ -31,13 +42,21 @@ std::locale namedLocale([[maybe_unused]] const std::string& name) {
 #endif
 }
 
-} // namespace
-
-void setHostLocale(const std::string& name) {
+void setBothLocales(const std::string& name) {
+#ifdef RASTERPLAN_FINDS_LEAKS
+    // The C library keeps the path that LOCPATH names, and loses the pointer to it.
+    const __lsan::ScopedDisabler systemLeaks;
+#endif
     // The C++ locale first: setting it sets the C one too, to one without a name where it has none.
     std::locale::global(namedLocale(name));
     if (!std::setlocale(LC_ALL, name.c_str()))
         throw std::runtime_error("there is no locale " + name);
+}
+
+} // namespace
+
+void setHostLocale(const std::string& name) {
+    setBothLocales(name);
     char printed[8] = {};
     std::snprintf(printed, sizeof printed, "%.1f", 0.5);
     std::ostringstream streamed;
