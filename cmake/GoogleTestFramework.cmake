@@ -1,11 +1,12 @@
 # GoogleTest: the installed one, or, where the target has none, built from its sources as Debian packages them.
 if(NOT CMAKE_CROSSCOMPILING)
-  find_package(GTest REQUIRED)
+  find_package(GTest QUIET)
+  rasterplanwriter_needs(TESTS GoogleTest GTest_FOUND)
   return()
 endif()
 
-find_path(GOOGLETEST_SOURCES googletest/include/gtest/gtest.h PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH
-                                                                                         REQUIRED)
+find_path(GOOGLETEST_SOURCES googletest/include/gtest/gtest.h PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH)
+rasterplanwriter_needs(TESTS "the sources of GoogleTest" GOOGLETEST_SOURCES)
 block()
   set(BUILD_SHARED_LIBS OFF)
   set(CMAKE_POLICY_DEFAULT_CMP0077 NEW)

@@ -1,17 +1,23 @@
-# Makes the target of a package that consists of headers only.
+# Makes the target of a package that consists of headers only, and sets <package>_FOUND.
 #
 # A cross build takes the headers of the building machine, but through a link of its own: the folder that holds
 # them holds the building machine's system headers too, which must not come before the target's.
 function(rasterplanwriter_header_only_package package target header)
   if(TARGET ${target})
+    set(${package}_FOUND TRUE PARENT_SCOPE)
     return()
   endif()
   if(NOT CMAKE_CROSSCOMPILING)
-    find_package(${package} REQUIRED)
+    find_package(${package} QUIET)
+    set(${package}_FOUND ${${package}_FOUND} PARENT_SCOPE)
     return()
   endif()
   string(TOUPPER ${package}_INCLUDE_DIR variable)
-  find_path(${variable} ${header} PATHS /usr/include /usr/local/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  find_path(${variable} ${header} PATHS /usr/include /usr/local/include NO_CMAKE_FIND_ROOT_PATH)
+  set(${package}_FOUND ${${variable}} PARENT_SCOPE)
+  if(NOT ${variable})
+    return()
+  endif()
   get_filename_component(folder ${header} DIRECTORY)
   set(links ${PROJECT_BINARY_DIR}/headers/${package})
   file(MAKE_DIRECTORY ${links})
