@@ -2,7 +2,7 @@
 # SCRIPTS: their folder; FOLDER: one for this test.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
-foreach(program sh env dirname mkdir rm id uname)
+foreach(program sh env dirname mkdir rm id uname date basename cat)
   find_program(place ${program} REQUIRED NO_CACHE)
   file(CREATE_LINK ${place} ${FOLDER}/${program} SYMBOLIC)
   unset(place)
