@@ -1,0 +1,17 @@
+# The optimized static library: hosts that contain it, installed and packed.
+groups="build test"
+
+check() {
+    if [ "$mode" = long ]; then
+        build static
+    else
+        build static RasterPlanWriter rasterplan acceptance_tests
+    fi
+    run static ctest --preset static -R '^(package\.|Host|Golden)'
+    [ "$mode" != long ] || ctest --preset static -j "$(nproc)" -E '^package\.' >build/static-long.log 2>&1 ||
+        fail_with build/static-long.log
+}
+
+smoke() {
+    smoke_preset static
+}
