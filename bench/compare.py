@@ -243,14 +243,14 @@ def draw(results: Results, path: Path):
 
 def describe_machine(build: Path) -> str:
     def first_line(command):
-        return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout.split("\n")[0]
+        return subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True).stdout.split("\n")[0]
 
     def installed(package):
         return f"{package} {first_line(['dpkg-query', '-W', '-f=${Version}', package])}"
 
-    cache = (build / "CMakeCache.txt").read_text()
+    cache = (build / "CMakeCache.txt").read_text(encoding="utf-8")
     compiler = next(line.split("=", 1)[1] for line in cache.splitlines() if line.startswith("CMAKE_CXX_COMPILER:"))
-    cpuinfo = Path("/proc/cpuinfo").read_text()
+    cpuinfo = Path("/proc/cpuinfo").read_text(encoding="utf-8")
     model = next((line.split(":", 1)[1].strip() for line in cpuinfo.splitlines() if line.startswith("model name")), "?")
     return "\n".join((
         f"Machine: {model}, {os.cpu_count()} cores, {platform.system()} {platform.release().split('-')[0]}, "

@@ -14,6 +14,7 @@ namespace bench {
 inline std::vector<ImageParam> imagesOf(int count) {
     Scene scene;
     std::vector<ImageParam> images;
+    images.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         images.push_back(hostImage(scene.next()));
     return images;

@@ -101,7 +101,7 @@ def read_ezdxf(drawing):
 
 
 def run(*command):
-    done = subprocess.run(command, capture_output=True, text=True, errors="replace")
+    done = subprocess.run(command, capture_output=True, text=True, errors="replace", check=False)
     if done.returncode != 0:
         raise Finding(f"{Path(command[0]).name}: {done.stderr.strip() or done.returncode}")
     return done
