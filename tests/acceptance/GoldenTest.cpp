@@ -108,5 +108,5 @@ TEST(GoldenScenes, AllAreCompared) {
 TEST(GoldenScenes, HalvesOfTheEmojiDifferOnlyWhereItStands) {
     EXPECT_EQ(withHalvesEncodedAlone("a\xC3\xA4\xF0\x9F\x8F\xA0z"), "a\xC3\xA4\xED\xA0\xBC\xED\xBF\xA0z");
     const std::string bytes = readBytes(golden("emoji.dxf"));
-    EXPECT_EQ(withHalvesEncodedAlone(bytes).size(), bytes.size() + 2 * 4); // two characters, named twice
+    EXPECT_EQ(withHalvesEncodedAlone(bytes).size(), bytes.size() + std::size_t{2} * 4); // two characters, named twice
 }

@@ -18,7 +18,8 @@ std::vector<ImageParam> facade(int count) {
     for (int i = 0; i < count; ++i) {
         const double x = 3.5 * (i % 20);
         const double y = 0.25 * (i % 3);
-        const double z = 2.75 * (i / 20);
+        const int row = i / 20;
+        const double z = 2.75 * row;
         images.push_back(imageAt({x, y, z + 2.5}, {x, y, z}, {x + 3.0, y, z}));
     }
     return images;
