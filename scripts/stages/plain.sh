@@ -4,7 +4,11 @@ groups="build test"
 check() {
     build development
     run plain ctest --preset development
-    [ "$mode" != long ] || repeat build/development/bin/unit_tests 20
+    [ "$mode" = long ] || return 0
+    repeat build/development/bin/unit_tests 20
+    # The suite fails every tenth allocation only.
+    /usr/bin/python3 tests/memory/exhaust.py --injector build/development/tests/memory/libfailing_malloc.so \
+        --tool build/development/bin/rasterplan --host build/development/bin/library_host --pictures tests/tool/data
 }
 
 smoke() {
