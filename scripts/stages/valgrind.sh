@@ -40,8 +40,7 @@ check() {
 }
 
 smoke() {
-    build development format_fixed_proof
-    valgrind --quiet --error-exitcode=9 build/development/bin/format_fixed_proof 1 1 >build/valgrind-smoke.log 2>&1 ||
-        fail_with build/valgrind-smoke.log
+    build development thread_tests
+    memcheck build/development/bin/thread_tests --gtest_filter='Threads.LastOfAll*'
     echo "valgrind: one program runs"
 }
