@@ -21,8 +21,8 @@ memcheck() { # PROGRAM ARGUMENT...
         --suppressions=tests/memcheck.supp "$@" || { cat "$log".* && exit 1; }
     tests=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests*\.$/\1/p' "$log".* | paste -sd+)
     skipped=$(sed -n 's/^\[  SKIPPED \] \([0-9]*\) tests*.*$/\1/p' "$log".* | paste -sd+)
-    tests=$((tests + ${skipped:-0}))
     skipped=$((${skipped:-0}))
+    tests=$((${tests:-0} + skipped))
 }
 
 check() {
