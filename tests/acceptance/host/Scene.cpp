@@ -1,6 +1,7 @@
 #include "host/Scene.h"
 
 #include "host/HostLocale.h"
+#include "host/Report.h"
 #include "support/TestFolder.h"
 #include "support/WideText.h"
 
@@ -69,15 +70,19 @@ public:
         if (command == "drawing")
             startDrawing(words.rest());
         else if (command == "default-drawing")
-            m_facade.emplace();
+            startDefaultDrawing();
         else if (command == "image")
             addImage(words);
         else if (command == "plane")
             choosePlane(words);
         else if (command == "write3d")
-            answer("write3d", [&] { return facade().create3DDxf(); });
+            write("write3d", [&] { return facade().create3DDxf(); });
         else if (command == "write2d")
-            answer("write2d", [&] { return facade().create2DDxf(m_origin, m_xAxis, m_yAxis); });
+            write("write2d", [&] { return facade().create2DDxf(m_origin, m_xAxis, m_yAxis); });
+        else if (command == "report")
+            m_reports = true;
+        else if (command == "say")
+            m_log << words.rest() << '\n';
         else if (command == "locale")
             setHostLocale(std::string(words.rest()));
         else if (command == "chdir")
@@ -94,8 +99,22 @@ private:
     }
 
     void startDrawing(std::string_view path) {
-        m_facade.emplace(path.empty() ? wideText(utf8FromPath(m_defaultOutput)).c_str()
-                                      : wideText(path).c_str());
+        const std::string output = path.empty() ? utf8FromPath(m_defaultOutput) : std::string(path);
+        m_output = pathFromUtf8(output);
+        m_facade.emplace(wideText(output).c_str());
+        forgetOldDrawing();
+    }
+
+    void startDefaultDrawing() {
+        m_output = "test.dxf";
+        m_facade.emplace();
+        forgetOldDrawing();
+    }
+
+    /// A report must not show what an earlier facade wrote.
+    void forgetOldDrawing() const {
+        if (m_reports)
+            std::filesystem::remove(m_output);
     }
 
     void addImage(Words words) {
@@ -109,6 +128,8 @@ private:
             image.setImagePath(wideText(words.rest()).c_str());
         answer("image", [&] {
             image.setImageCorners(leftTop, leftBottom, rightBottom);
+            if (m_reports)
+                reportImage(m_log, image);
             return facade().add(image);
         });
     }
@@ -118,6 +139,10 @@ private:
             answer("plane", [&] {
                 return facade().calcMiddledImagePlaneReferenceCoordSystem3D(m_origin, m_xAxis, m_yAxis);
             });
+            if (m_reports)
+                reportNumbers(m_log, "plane",
+                              {m_origin.x, m_origin.y, m_origin.z, m_xAxis.x, m_xAxis.y, m_xAxis.z, m_yAxis.x,
+                               m_yAxis.y, m_yAxis.z});
         } else {
             m_origin = words.nextTriple();
             m_xAxis = words.nextTriple();
@@ -126,17 +151,27 @@ private:
     }
 
     template <typename Operation>
+    void write(std::string_view command, const Operation& operation) {
+        answer(command, operation);
+        if (m_reports)
+            reportFile(m_log, m_output);
+    }
+
+    template <typename Operation>
     void answer(std::string_view command, const Operation& operation) {
-        m_log << command << ' ';
+        std::string result;
         try {
-            m_log << nameOf(operation()) << '\n';
+            result = nameOf(operation());
         } catch (const std::exception& e) {
-            m_log << "exception " << e.what() << '\n';
+            result = std::string("exception ") + e.what();
         }
+        m_log << command << ' ' << result << '\n';
     }
 
     const std::filesystem::path& m_defaultOutput;
     std::ostream& m_log;
+    std::filesystem::path m_output;
+    bool m_reports = false;
     std::optional<RasterPlanWriter> m_facade;
     TripleDouble m_origin;
     TripleDouble m_xAxis{1.0, 0.0, 0.0};

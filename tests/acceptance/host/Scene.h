@@ -22,6 +22,10 @@ namespace rasterplan::test {
 ///     write2d                   writes it flattened into the last plane
 ///     locale NAME               sets the process's locale, for C and for C++
 ///     chdir PATH                changes the current folder
+///     say TEXT                  writes the text on `log`
+///     report                    has `log` show more from here on (host/Report.h): each image before it is
+///                               added, each proposed plane, the drawing after each write. A new facade
+///                               then begins without a file
 ///
 /// Every call of the library is answered on `log` with its command and its result in words, an exception with
 /// "exception" and its text. Throws std::runtime_error for a scene that is not as above, and when a locale
