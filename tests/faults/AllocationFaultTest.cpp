@@ -2,16 +2,21 @@
 
 #include <RasterPlanWriter/RasterPlanWriter.h>
 
+#include "facade/AddImage.h"
 #include "support/Images.h"
 #include "support/TestFolder.h"
 #include "support/WideText.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
+#include <ios>
 #include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 
 using namespace rasterplan::test;
@@ -260,4 +265,59 @@ TEST(AllocationFault, ImageStaysAsItWas) {
         }
         EXPECT_EQ(livingAllocations(), before) << "allocation " << number;
     }
+}
+
+TEST(AllocationFault, ViewIsWidenedAfterAllObjectsAreAdded) {
+    bool viewRanOutOfMemory = false;
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+        rasterplan::Drawing drawing;
+        const FailingAllocation failing(number);
+        try {
+            rasterplan::addImage(drawing, wall);
+        } catch (const std::bad_alloc&) {
+            viewRanOutOfMemory |= drawing.images.count() == 1 && drawing.lines.count() == 6;
+        }
+        failed = failing.hasFailed();
+    }
+    EXPECT_TRUE(viewRanOutOfMemory);
+}
+
+/// What an operation answers whose first allocation ends in another failure.
+template <typename Operation>
+Result answerTo(void (*failure)(), const Operation& operation) {
+    RasterPlanWriter writer(outputPath().c_str());
+    EXPECT_EQ(writer.add(wall), RasterPlanWriter::Success);
+    const FailingAllocation failing(1, failure);
+    const Result result = operation(writer);
+    EXPECT_TRUE(failing.hasFailed());
+    return result;
+}
+
+Result add(RasterPlanWriter& writer) {
+    return writer.add(nextWall);
+}
+
+Result writeFlat(RasterPlanWriter& writer) {
+    return writer.create2DDxf({0, 0, 0}, {1, 0, 0}, {0, 0, 1});
+}
+
+Result write(RasterPlanWriter& writer) {
+    return writer.create3DDxf();
+}
+
+TEST(OtherFaults, OfTheSystemAreUnexpectedFailures) {
+    constexpr void (*failures[])() = {
+        [] { throw std::system_error(std::make_error_code(std::errc::io_error)); },
+        [] { throw std::ios_base::failure("a stream"); },
+        [] { throw std::filesystem::filesystem_error("a file", std::error_code()); },
+    };
+    for (const auto failure : failures)
+        for (const auto operation : {add, writeFlat, write})
+            EXPECT_EQ(answerTo(failure, operation), RasterPlanWriter::UnexpectedFailure);
+}
+
+TEST(OtherFaults, PassOnToTheHost) {
+    for (const auto operation : {add, writeFlat, write})
+        EXPECT_THROW(answerTo([] { throw std::runtime_error("else"); }, operation), std::runtime_error);
 }

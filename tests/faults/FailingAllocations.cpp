@@ -12,6 +12,7 @@ namespace {
 long living = 0;
 long untilFailure = 0; // 0: none will fail
 bool failed = false;
+void (*throwFailure)() = nullptr;
 
 bool mustFail() noexcept {
     if (untilFailure == 0 || --untilFailure > 0)
@@ -37,6 +38,8 @@ void release(void* memory) noexcept {
 }
 
 void* orThrow(void* memory) {
+    if (!memory && throwFailure)
+        throwFailure();
     if (!memory)
         throw std::bad_alloc();
     return memory;
@@ -46,13 +49,15 @@ void* orThrow(void* memory) {
 
 namespace rasterplan::test {
 
-FailingAllocation::FailingAllocation(long number) noexcept {
+FailingAllocation::FailingAllocation(long number, void (*failure)()) noexcept {
     failed = false;
+    throwFailure = failure;
     untilFailure = number;
 }
 
 FailingAllocation::~FailingAllocation() {
     untilFailure = 0;
+    throwFailure = nullptr;
 }
 
 bool FailingAllocation::hasFailed() const noexcept {

@@ -2,10 +2,11 @@
 
 namespace rasterplan::test {
 
-/// While one lives, the allocation with this number (from 1) of the current program fails, and only that one.
+/// While one lives, the allocation with this number (from 1) of the current program fails, and only that one:
+/// with std::bad_alloc, or with what `failure` throws.
 class FailingAllocation {
 public:
-    explicit FailingAllocation(long number) noexcept;
+    explicit FailingAllocation(long number, void (*failure)() = nullptr) noexcept;
     ~FailingAllocation();
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;

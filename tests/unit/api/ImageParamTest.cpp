@@ -234,3 +234,12 @@ TEST(ImageParam, MovesItsPath) {
     EXPECT_EQ(assigned.getImagePath(), path);
     expectPlacedAsThreeByTwo(assigned);
 }
+
+TEST(ImageParam, RightTopCornerAddsTheEdgesBeforeTheCorner) {
+    ImageParam image;
+    image.setImageCorners({2.2, 0.9, -1.6}, {0.3, 2.8, -0.3}, {-1.6, -0.3, 1.4});
+    const TripleDouble corner = image.getRightTopCorner();
+    EXPECT_EQ(corner.x, 0x1.3333333333333p-2);
+    EXPECT_EQ(corner.y, -0x1.199999999999ap+1);
+    EXPECT_EQ(corner.z, 0x1.9999999999994p-4);
+}

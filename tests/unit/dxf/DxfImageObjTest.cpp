@@ -205,6 +205,19 @@ TEST(DxfImageObj, FractionsOfPixelsStay) {
               L"4.00000000000000000");
 }
 
+TEST(DxfImageObj, PixelVectorsAreEdgesDividedByTheirPixels) {
+    DxfSectionRegistry registry;
+    fileSections(registry, 1);
+    numbered(imageAt({13.7, 5.0, 5.1}, {7.3, 1.7, 3.7}, {7.0, 2.3, 11.0}, 0.37), 1).fillSections(registry);
+    std::wstring vectors;
+    for (const wchar_t* const name : {L"UVECX", L"UVECY", L"UVECZ", L"VVECX", L"VVECY", L"VVECZ"}) {
+        const std::wstring key = std::wstring(L"#VEXO_ENTITYIMAGE_") + name + L"#";
+        vectors += registry.getSectionValue({entityImage, 1}, std::wstring_view(key)) + L" ";
+    }
+    EXPECT_EQ(vectors, L"-0.11060396589049121 0.22120793178098250 2.69136317000195424 "
+                       L"2.35801603408584048 1.21585201757551165 0.51581600745627743 ");
+}
+
 TEST(DxfImageObj, LongNumbersAreCutOffAtNinetyNineCharacters) {
     DxfSectionRegistry registry;
     fileSections(registry, 1);

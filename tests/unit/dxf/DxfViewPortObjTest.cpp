@@ -120,6 +120,14 @@ TEST(DxfViewPortObj, FirstImageDecidesDirectionAndTwist) {
     EXPECT_EQ(view.ratio, L"4.");
 }
 
+TEST(DxfViewPortObj, DegreesComeFromOneFactor) {
+    DxfViewPortObj viewport;
+    viewport.addImage(imageAt({-6.8, -3.0, 4.0}, {1.5, -5.3, 2.0}, {1.2, -4.5, -0.8}));
+    const View view = viewOf(viewport);
+    EXPECT_EQ(view.twist, L"-37.94947690438901589"); // times 180 and then by pi it ends on 0878
+    EXPECT_EQ(view.target, L"-2.8000000000000016 -3.74999999999999956 1.59999999999999987");
+}
+
 TEST(DxfViewPortObj, FlatImageIsNotTwisted) {
     DxfViewPortObj viewport;
     viewport.addImageFlat(wall({1, 2, 3}, 4, 2));

@@ -194,3 +194,15 @@ TEST_F(HeaderExtents, AreWrittenInFullForSurveyCoordinates) {
     EXPECT_EQ(extMin(), L"3512345.10000000009313226 5401234.70000000018626451 0.10000000000000001");
     EXPECT_EQ(extMax(), L"3512365.39999999990686774 5401245.10000000055879354 0.10000000000000001");
 }
+
+TEST_F(HeaderExtents, FarCornerIsAddedFromTheWidthOn) {
+    updateHeaderFromImage(registry, imageAt({-0.4, 12.0, 5.1}, {0.9, 8.4, -0.1}, {2.8, 13.7, -0.4}));
+    EXPECT_EQ(extMax(), L"1.49999999999999978 17.30000000000000071 4.79999999999999893");
+}
+
+TEST_F(HeaderExtents, TestAddsUToTheCornerFirst) {
+    // U and V added first give the corner's x with the other sign: then zero would not be passed.
+    const double x = -0x1.3352ad194722ap-1;
+    updateHeaderFromImage(registry, imageAt({x - 0.34, 2.94, 0}, {x, 2, 0}, {x + 0.94, 2.34, 0}));
+    EXPECT_EQ(registry.getSectionValue(headerExtMax, axisKeys[0]), L"-0.00024014409606732");
+}

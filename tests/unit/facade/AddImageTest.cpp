@@ -61,6 +61,18 @@ TEST(AddImage, DrawsFrameAndMarks) {
                                                          {{10, 16, 5}, {10, 18, 5}}}));
 }
 
+TEST(AddImage, FrameAndMarksHaveTheSameBitsEverywhere) {
+    Drawing drawing;
+    ASSERT_TRUE(addImage(drawing, imageAt({1.5, 2.1, -3.0}, {0.1, 0.7, -2.3}, {0.7, 0.4, -1.7})));
+    const std::vector<Segment> segments = segmentsOf(drawing);
+    EXPECT_EQ(segments[2].end,
+              MathPoint3d(0x1.0cccccccccccdp+1, 0x1.ccccccccccccdp+0, -0x1.3333333333334p+1));
+    EXPECT_EQ(segments[4], (Segment{{0x1.eb851eb851eb8p-6, 0x1.7851eb851eb85p-1, -0x1.2f5c28f5c28f5p+1},
+                                    {0x1.0a3d70a3d70a4p-4, 0x1.6f5c28f5c28f5p-1, -0x1.2ae147ae147aep+1}}));
+    EXPECT_EQ(segments[5], (Segment{{0x1.eb851eb851ebcp-6, 0x1.428f5c28f5c28p-1, -0x1.21eb851eb851ep+1},
+                                    {0x1.0a3d70a3d70a4p-4, 0x1.547ae147ae147p-1, -0x1.2428f5c28f5c2p+1}}));
+}
+
 TEST(AddImage, LongerSideGivesTheLengthOfBothMarks) {
     for (const auto& [width, height] :
          {std::pair(80.0, 40.0), std::pair(40.0, 80.0), std::pair(80.0, 80.0)}) {

@@ -121,3 +121,22 @@ TEST(ReferencePlane, MissingImageIsAnError) {
         }
     }
 }
+
+TEST(ReferencePlane, HasTheSameBitsEverywhere) {
+    const ReferencePlane plane =
+        middledImagePlane(drawingOf({imageAt({1.5, 2.1, -3.0}, {0.1, 0.7, -2.3}, {0.7, 0.4, -1.7}),
+                                     imageAt({0.1, -0.5, 0.3}, {-1.7, 0.4, 0.9}, {-1.1, 0.8, 2.1}),
+                                     imageAt({2.5, -0.5, -0.1}, {2.3, -1.1, 0.2}, {5.9, -2.9, -1.0})}));
+    EXPECT_EQ(plane.origin, MathPoint3d(-0x1.d0fe4c9840475p+0, -0x1.38f291ccbdc98p-3, 0x1.217cfac7c1990p-1));
+    EXPECT_EQ(plane.xAxis, MathVector3d(0x1.a77f74fd2ab52p-1, -0x1.9d2b2d73debd1p-3, 0x1.0c8f43f1b72e3p-1));
+    EXPECT_EQ(plane.yAxis, MathVector3d(0x1.16c0b40e084a2p-1, 0x1.506cfc9e2d50cp-2, -0x1.76dfd7a8f0aa5p-1));
+}
+
+TEST(ReferencePlane, BeyondTheGreatestCoordinateNoCornerIsFurthestToTheLeft) {
+    // Rounding alone puts both corners beyond 2^31 in the plane's own coordinates.
+    const ReferencePlane plane = middledImagePlane(
+        drawingOf({imageAt({-2.1e29, -6.1e29, 7.6e29}, {0, 0, 0}, {-9.5e29, -3.5e28, -2.9e29}),
+                   imageAt({6.8e29, -6.1e30, 6.9e30}, {1e30, -6.000000000000001e30, 6.000000000000001e30},
+                           {7.5e29, -7e30, 5.8e30})}));
+    EXPECT_EQ(plane.origin, MathPoint3d(0, 0, 0));
+}

@@ -35,6 +35,13 @@ TEST(MathBox3d, WidensByComponentAndSaysSo) {
     EXPECT_EQ(box.centre(), MathPoint3d(2, -1, -3));
 }
 
+TEST(MathBox3d, CentreIsHalfTheExtentFromTheMinimum) {
+    MathBox3d box;
+    box.extend({1.3, 0, 0});
+    box.extend({5.1, 0, 0});
+    EXPECT_EQ(box.centre().x, 0x1.999999999999ap+1); // half the sum is the double below
+}
+
 TEST(MathBox3d, NoNumberChangesNothing) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     MathBox3d box;

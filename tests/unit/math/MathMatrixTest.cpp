@@ -125,6 +125,20 @@ TEST(MathMatrix, InverseOfAnOrthonormalPlacementIsItsTransposition) {
     EXPECT_EQ(inverse(3, 3), 1);
 }
 
+TEST(MathMatrix, InverseHasTheSameBitsEverywhere) {
+    const MathMatrix inverse =
+        MathMatrix::placement({1.3, -2.1, 0.7}, {0.6, -0.3, 0.7}, {0.2, 0.9, -0.4}, {-0.5, 0.1, 0.8})
+            .inverse();
+    const double expected[4][4] = {
+        {0x1.f763af31586cbp-1, 0x1.a7e827bdc3b8ep-5, 0x1.374e7d2f5bbc6p-1, -0x1.98576e483256cp+0},
+        {0x1.9aa8e67fd59bfp-2, 0x1.12e089c50cea7p+0, 0x1.dce52cb57c311p-4, 0x1.a6e9cfa5eb778p+0},
+        {-0x1.51ccffab37f81p-1, 0x1.f763af31586cap-2, 0x1.8d69a541e77e3p-1, 0x1.58c1685221c7bp+0},
+        {0, 0, 0, 1}};
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 4; ++column)
+            EXPECT_EQ(inverse(row, column), expected[row][column]) << row << ' ' << column;
+}
+
 TEST(MathMatrix, InverseUndoesTheMatrixAtEverySize) {
     std::mt19937 generator(20);
     for (int n = 1; n <= 12; ++n) {

@@ -31,6 +31,11 @@ TEST(MathPlane, SlopedPlaneProjectsToItsNearestPoint) {
     EXPECT_NEAR(foot.z, 1 / 3.0, 1e-15);
 }
 
+TEST(MathPlane, ProjectionDividesTheWholeSum) {
+    EXPECT_EQ(MathPlane({6.0, 4.2, 9.9}, {6.4, -3.0, 8.5}).project({-9.2, -4.9, -5.9}),
+              MathPoint3d(0x1.7f7741203d008p+0, -0x1.3d44c99db05fep+3, 0x1.09dc7f830d53cp+3));
+}
+
 TEST(MathPlane, ZeroNormalThrows) {
     try {
         const MathPlane plane({1, 2, 3}, {0, 0, 0});

@@ -43,6 +43,16 @@ TEST(MathVector3d, CrossProductIsRightHanded) {
     EXPECT_EQ(cross(MathVector3d(2, 3, 4), MathVector3d(5, 6, 7)), MathVector3d(-3, 6, -3));
 }
 
+TEST(MathVector3d, DotProductAddsFromXToZ) {
+    // Added first, y and z would leave the 1.
+    EXPECT_EQ(dot(MathVector3d(1, 1e16, -1e16), MathVector3d(1, 1, 1)), 0);
+    EXPECT_EQ(dot(MathVector3d(1e16, -1e16, 1), MathVector3d(1, 1, 1)), 1);
+}
+
+TEST(MathVector3d, LengthAddsFromXToZ) {
+    EXPECT_EQ(MathVector3d(-7.1, -0.4, 2.1).length(), 0x1.da8ce6dddad95p+2);
+}
+
 TEST(MathVector3d, EqualityIsExact) {
     EXPECT_FALSE(MathVector3d(0.1 + 0.2, 0, 0) == MathVector3d(0.3, 0, 0));
     EXPECT_FALSE(MathVector3d(0, 0, 1) == MathVector3d(0, 0, 2));

@@ -8,6 +8,10 @@
 #include <filesystem>
 #include <string>
 
+#ifndef _WIN32
+#include <fcntl.h>
+#endif
+
 using namespace rasterplan;
 using namespace rasterplan::test;
 
@@ -112,3 +116,15 @@ TEST(File, OthersMayReadAndWriteItMeanwhile) {
     EXPECT_TRUE(second);
     EXPECT_TRUE(reader);
 }
+
+#ifndef _WIN32
+TEST(File, ProgramsThatTheHostStartsDoNotInheritIt) {
+    const TestFolder folder;
+    const File output = openForWriting(wide(folder / "plan.dxf"));
+    const File reader = openForReading(folder / "plan.dxf");
+    for (std::FILE* const file : {output.get(), reader.get()}) {
+        ASSERT_TRUE(file);
+        EXPECT_NE(fcntl(fileno(file), F_GETFD) & FD_CLOEXEC, 0);
+    }
+}
+#endif
