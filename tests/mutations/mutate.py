@@ -167,8 +167,8 @@ class SceneJudge:
 class ProgramJudge:
     """A program of tests."""
 
-    def __init__(self, build, target, *options, through=()):
-        self.build, self.target, self.options, self.through = build, target, options, through
+    def __init__(self, build, target, through=()):
+        self.build, self.target, self.through = build, target, through
 
     def prepare(self):
         pass
@@ -177,11 +177,12 @@ class ProgramJudge:
         return [self.target]
 
     def judge(self):
+        # By a relative name: a program's own path is then harder to find.
         program = next(self.build.folder.glob(f"bin/{self.target}*"))
-        command = [*self.through, program, "--gtest_fail_fast", "--gtest_brief=1", *self.options]
+        command = [*self.through, f"./{program.name}", "--gtest_fail_fast", "--gtest_brief=1"]
         try:
             done = subprocess.run(command, check=False, timeout=TIME_LIMIT, stdout=subprocess.PIPE,
-                                  stderr=subprocess.PIPE, cwd=WORK)
+                                  stderr=subprocess.PIPE, cwd=program.parent)
         except subprocess.TimeoutExpired:
             return f"{self.target}: no end"
         if done.returncode == 0:

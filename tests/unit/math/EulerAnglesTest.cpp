@@ -172,6 +172,16 @@ TEST(EulerAngles, NoiseBesideCoincidingAxesIsNoAngle) {
     EXPECT_NEAR(angles->first, 0.5, 1e-14);
 }
 
+TEST(EulerAngles, NoiseEndsAboveTheLimit) {
+    constexpr double limit = 0x1p-19; // sixteen units in the last place of a float
+    MathMatrix matrix = rotation(1, pi / 2);
+    matrix(2, 2) = 0;
+    matrix(1, 2) = limit;
+    EXPECT_EQ(eulerAngles(matrix, 20)->third, 0);
+    matrix(1, 2) = std::nextafter(limit, 1.0);
+    EXPECT_EQ(eulerAngles(matrix, 20)->third, -pi / 2);
+}
+
 TEST(EulerAngles, IdentityHasThreeZeroAnglesInEveryOrder) {
     for (int order = 0; order < 24; ++order) {
         const auto angles = eulerAngles(MathMatrix::identity4(), order);

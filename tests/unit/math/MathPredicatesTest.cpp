@@ -47,6 +47,12 @@ TEST(MathPredicates, PerpendicularityDoesNotDependOnLength) {
     EXPECT_TRUE(isPerpendicular({1e6, 0, 0}, {1e-5, 1e6, 0}));
 }
 
+TEST(MathPredicates, PerpendicularityReachesUpToTheTolerance) {
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, {0.6, 0.8, 0}, MathTol(0, 0, 0.6)));
+    EXPECT_TRUE(isPerpendicular({1, 0, 0}, {-0.6, 0.8, 0}, MathTol(0, 0, 0.6)));
+    EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0.6, 0.8, 0}, MathTol(0, 0, 0.59999999)));
+}
+
 TEST(MathPredicates, ZeroVectorsHaveNoDirection) {
     EXPECT_FALSE(isPerpendicular({1e-10, 0, 0}, {0, 1, 0}));
     EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, 1e-10, 0}));
