@@ -19,6 +19,7 @@ reason, or is found although it has one, is a failure; so is one that does not c
 import argparse
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -285,6 +286,7 @@ def main():
 
 
 if __name__ == "__main__":
+    signal.signal(signal.SIGTERM, signal.default_int_handler)  # so that the copy is mended and its build ended
     try:
         sys.exit(main())
     except Failure as failure:
