@@ -182,6 +182,17 @@ TEST(EulerAngles, NoiseEndsAboveTheLimit) {
     EXPECT_EQ(eulerAngles(matrix, 20)->third, -pi / 2);
 }
 
+TEST(EulerAngles, AreRoundedAlikeEverywhere) {
+    // One common standard library misses the first angle by its last bit, another one the second.
+    MathMatrix matrix = MathMatrix::identity4();
+    matrix(1, 2) = -0.15101063247019403;
+    matrix(2, 2) = 0.5467144764635619;
+    EXPECT_EQ(eulerAngles(matrix, 20)->third, 0.2694952542391728);
+    matrix(1, 2) = -0.9376937548212017;
+    matrix(2, 2) = -0.3331854939172349;
+    EXPECT_EQ(eulerAngles(matrix, 20)->third, 1.912206611720061);
+}
+
 TEST(EulerAngles, IdentityHasThreeZeroAnglesInEveryOrder) {
     for (int order = 0; order < 24; ++order) {
         const auto angles = eulerAngles(MathMatrix::identity4(), order);

@@ -77,4 +77,6 @@ TEST(MathPredicates, ParallelVectorsMayPointOppositeWays) {
     EXPECT_TRUE(isParallel({0, 0, 1}, {0, 0.9e-10, 1}));
     EXPECT_FALSE(isParallel({0, 0, 1}, {0, 1.1e-10, 1}));
     EXPECT_FALSE(isParallel({0, 0, 1}, {0, 1, 0}));
+    EXPECT_TRUE(isParallel({0, 0, 1e6}, {0, 1e-5, 1e6}));
+    EXPECT_FALSE(isParallel({0, 0, 1e-6}, {0, 1e-5, 1e-6}));
 }
