@@ -20,14 +20,14 @@ public:
     /// As ImageParam(), with a copy of `path`; a null pointer gives no path. Throws std::bad_alloc.
     explicit ImageParam(const wchar_t* path);
 
-    /// An independent copy, path included. Throws std::bad_alloc.
-    ImageParam(const ImageParam& other);
+    /// An independent copy, path included. Never throws.
+    ImageParam(const ImageParam& other) noexcept;
 
     /// Takes over everything; `other` keeps all but its path. Never throws.
     ImageParam(ImageParam&& other) noexcept;
 
-    /// As the copy constructor. When it throws std::bad_alloc, this object is as it was.
-    ImageParam& operator=(const ImageParam& other);
+    /// As the copy constructor. Never throws.
+    ImageParam& operator=(const ImageParam& other) noexcept;
 
     /// As the move constructor. Never throws.
     ImageParam& operator=(ImageParam&& other) noexcept;
@@ -100,7 +100,9 @@ public:
     double getSizeInMillimeterOfDrawingUnit(DrawingUnit unit) const noexcept;
 
 private:
-    wchar_t* m_path;
+    struct Path;
+
+    Path* m_path;
     DrawingUnit m_unit;
     double m_width;
     double m_height;

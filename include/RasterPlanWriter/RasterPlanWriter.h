@@ -110,8 +110,7 @@ public:
     ///
     /// Returns Success, CannotOpenOutput, CannotOpenTemplate, DxfFailure (also when no image was added) or
     /// UnexpectedFailure. Throws an exception derived from std::exception when an image's path holds a
-    /// character beyond U+10FFFF (the file has been overwritten then) or has 2^24 characters or more (nothing
-    /// has been opened then).
+    /// character beyond U+10FFFF; the file has been overwritten then.
     ErrorEnum create3DDxf();
 
 private:

@@ -4,7 +4,9 @@
 #include "math/MathVector3d.h"
 
 #include <array>
-#include <cwchar>
+#include <atomic>
+#include <cstdint>
+#include <string>
 #include <utility>
 
 using rasterplan::MathPoint3d;
@@ -45,14 +47,22 @@ bool isKnown(DrawingUnit unit) noexcept {
     return static_cast<std::uint32_t>(unit) < metresPerUnit.size();
 }
 
-wchar_t* copyOf(const wchar_t* text) {
-    if (!text)
-        return nullptr;
-    const std::size_t size = std::wcslen(text) + 1;
-    return std::wmemcpy(new wchar_t[size], text, size);
+/// Puts `path` in the place of another, which is freed with its last image. A member would be exported.
+template <typename Path>
+void replacePath(Path*& place, Path* path) noexcept {
+    Path* const before = std::exchange(place, path);
+    if (before && before->images.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        delete before;
 }
 
 } // namespace
+
+/// The path of an image and of all its copies. It never changes, so that they share it: a copy takes no
+/// memory.
+struct ImageParam::Path {
+    std::wstring text;
+    std::atomic<std::uint32_t> images{1};
+};
 
 ImageParam::ImageParam() noexcept
     : m_path(nullptr)
@@ -63,11 +73,11 @@ ImageParam::ImageParam() noexcept
 
 ImageParam::ImageParam(const wchar_t* path)
     : ImageParam() {
-    m_path = copyOf(path);
+    setImagePath(path);
 }
 
-ImageParam::ImageParam(const ImageParam& other)
-    : m_path(copyOf(other.m_path))
+ImageParam::ImageParam(const ImageParam& other) noexcept
+    : m_path(other.m_path)
     , m_unit(other.m_unit)
     , m_width(other.m_width)
     , m_height(other.m_height)
@@ -75,19 +85,22 @@ ImageParam::ImageParam(const ImageParam& other)
     , m_u(other.m_u)
     , m_v(other.m_v)
     , m_leftBottom(other.m_leftBottom)
-    , m_viewDir(other.m_viewDir) {}
+    , m_viewDir(other.m_viewDir) {
+    if (m_path)
+        m_path->images.fetch_add(1, std::memory_order_relaxed);
+}
 
 ImageParam::ImageParam(ImageParam&& other) noexcept
     : ImageParam() {
     *this = std::move(other);
 }
 
-ImageParam& ImageParam::operator=(const ImageParam& other) {
+ImageParam& ImageParam::operator=(const ImageParam& other) noexcept {
     return *this = ImageParam(other);
 }
 
 ImageParam& ImageParam::operator=(ImageParam&& other) noexcept {
-    delete[] std::exchange(m_path, std::exchange(other.m_path, nullptr));
+    replacePath(m_path, std::exchange(other.m_path, nullptr));
     m_unit = other.m_unit;
     m_width = other.m_width;
     m_height = other.m_height;
@@ -100,12 +113,12 @@ ImageParam& ImageParam::operator=(ImageParam&& other) noexcept {
 }
 
 ImageParam::~ImageParam() {
-    delete[] m_path;
+    replacePath<Path>(m_path, nullptr);
 }
 
 void ImageParam::setImagePath(const wchar_t* path) {
     if (path)
-        delete[] std::exchange(m_path, copyOf(path));
+        replacePath(m_path, new Path{path});
 }
 
 void ImageParam::setImageCorners(const TripleDouble& leftTop, const TripleDouble& leftBottom,
@@ -131,7 +144,7 @@ void ImageParam::setDrawingUnit(const DrawingUnit& unit) noexcept {
 }
 
 const wchar_t* ImageParam::getImagePath() const noexcept {
-    return m_path;
+    return m_path ? m_path->text.c_str() : nullptr;
 }
 
 DrawingUnit ImageParam::getDrawingUnit() const noexcept {

@@ -2,6 +2,12 @@
 
 namespace ZelkBase {
 
+void requireUtf8(std::wstring_view text) {
+    char bytes[utf8Capacity];
+    for (const wchar_t character : text)
+        encodeUtf8(character, bytes);
+}
+
 void appendUtf8(std::string& out, std::wstring_view text) {
     for (const wchar_t character : text) {
         char bytes[utf8Capacity];

@@ -38,6 +38,9 @@ constexpr char* encodeUtf8(wchar_t character, char* out) {
     return out;
 }
 
+/// Throws std::range_error unless every character of `text` can be encoded.
+void requireUtf8(std::wstring_view text);
+
 /// Appends the UTF-8 bytes of `text`, character by character as encodeUtf8 does, without a byte order mark.
 /// Throws std::range_error as encodeUtf8 does, and std::bad_alloc; `out` then ends somewhere within the text.
 void appendUtf8(std::string& out, std::wstring_view text);

@@ -2,16 +2,28 @@
 
 #include "base/List.h"
 #include "dxf/DxfImageObj.h"
-#include "dxf/DxfLineObj.h"
 #include "dxf/DxfViewPortObj.h"
+
+#include <RasterPlanWriter/ImageParam.h>
 
 namespace rasterplan {
 
-/// Everything that is written: images and lines in order of addition, and the view of them.
+/// What a host has added: images in order of addition, and the view of them. Images are only ever appended
+/// and never change.
 struct Drawing {
     ZelkBase::OwningList<DxfImageObj> images;
-    ZelkBase::OwningList<DxfLineObj> lines;
     DxfViewPortObj viewport;
+
+    /// Adds an image and widens the view by it; false, and nothing is added, unless it is a rectangle.
+    /// Throws std::bad_alloc; nothing is added then.
+    bool add(const ImageParam& image) {
+        DxfImageObj object(image);
+        if (!object.isRectangle())
+            return false;
+        images.append(std::move(object));
+        viewport.addImage(image);
+        return true;
+    }
 };
 
 } // namespace rasterplan

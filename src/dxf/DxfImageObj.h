@@ -1,43 +1,43 @@
 #pragma once
 
-#include "dxf/DxfEntity.h"
+#include "dxf/DxfLineObj.h"
+#include "dxf/DxfSectionEntities.h"
+#include "dxf/Handles.h"
 #include "math/MathMatrix.h"
 #include "math/MathPlane.h"
 #include "math/MathVector3d.h"
 
 #include <RasterPlanWriter/ImageParam.h>
 
-#include <cstdint>
-#include <memory>
+#include <array>
 
 namespace rasterplan {
 
-/// One raster image: an IMAGE entity with its definition, its reactor and its entry in the image dictionary.
-class DxfImageObj final : public DxfEntity {
+/// One raster image: an IMAGE entity with its frame lines, its definition, its reactor and its entry in the
+/// image dictionary.
+class DxfImageObj {
 public:
-    /// `number` is the image's place among the images of the drawing, from 1. Throws std::bad_alloc.
-    DxfImageObj(const ImageParam& image, std::uint32_t number);
-
-    std::unique_ptr<DxfEntity> clone() const override;
-    DxfSection createSection() const override;
-
-    /// Takes three handles: of the entity, of the definition and of the reactor.
-    void assignHandles(DxfSectionRegistry& registry) override;
-
-    /// Writes the header's extents and unit, then the entity, then definition, reactor and dictionary entry.
-    /// Throws as updateHeaderFromImage does, and DxfError naming the section where a value has no place.
-    void fillSections(DxfSectionRegistry& registry) const override;
+    explicit DxfImageObj(const ImageParam& image) noexcept
+        : m_image(image) {}
 
     /// The image as it lies now.
     const ImageParam& getImageParam() const noexcept { return m_image; }
 
-    /// The matrix that takes world directions to the axes that the image had when it was made: its rows are
-    /// U, V and the view direction, its translation is zero. Moving the image does not change it.
-    const std::shared_ptr<const MathMatrix>& getImageFrame() const noexcept { return m_frame; }
+    /// Whether both sides are longer than the default tolerance and perpendicular within 0.001; never with
+    /// NaN or infinite corners.
+    bool isRectangle() const;
+
+    /// The matrix that takes world directions to the axes of the image as it lies now: its rows are U, V and
+    /// the view direction, its translation is zero.
+    MathMatrix getImageFrame() const;
 
     /// The plane through the left-bottom corner with the normal U x V. Throws MathErrorZerovector when U and
     /// V are parallel.
     MathPlane getImagePlane() const;
+
+    /// The lines around the image: bottom, left, right and top edge, and two short marks on the extended
+    /// bottom and left edges, which tell which corner is the image's origin.
+    std::array<DxfLineObj, 6> frameLines() const noexcept;
 
     /// Moves the image. Throws MathErrorZerovector when an edge vanishes in the rounding.
     void translate(const MathVector3d& offset);
@@ -46,20 +46,19 @@ public:
     /// when an edge vanishes.
     void transform(const MathMatrix& matrix);
 
-private:
-    struct Corners;
+    /// Takes the handles of an image: of the entity, of the definition and of the reactor.
+    static ImageHandles assignHandles(HandleCounter& handles) noexcept;
 
-    Corners corners() const noexcept;
-    void fillEntity(DxfSectionRegistry& registry) const;
-    void fillObjects(DxfSectionRegistry& registry) const;
+    /// The image's own record.
+    DxfSectionImageEntity createSection(const ImageHandles& handles) const noexcept {
+        return {m_image, handles};
+    }
+
+private:
+    template <typename Map>
+    void mapCorners(const Map& map);
 
     ImageParam m_image;
-    std::shared_ptr<const MathMatrix> m_frame;
-    std::uint32_t m_number;
-    Handle m_imageDefHandle;
-    Handle m_spareHandle; ///< No record carries it yet.
-    Handle m_reactorHandle;
-    Handle m_entityHandle;
 };
 
 } // namespace rasterplan

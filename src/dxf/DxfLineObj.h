@@ -1,50 +1,50 @@
 #pragma once
 
-#include "dxf/DxfEntity.h"
+#include "dxf/DxfSectionEntities.h"
+#include "dxf/Handles.h"
 #include "math/MathMatrix.h"
 #include "math/MathPoint3d.h"
 #include "math/MathVector3d.h"
 
-#include <cstdint>
-#include <memory>
-
 namespace rasterplan {
 
-/// A straight line from one point to another, in drawing units. `frame` is the frame matrix of the image that
-/// the line belongs to; nobody changes it, so the lines of an image share it.
-struct LineDescription {
-    MathPoint3d start;
-    MathPoint3d end;
-    std::shared_ptr<const MathMatrix> frame;
-};
-
-/// One LINE entity.
-class DxfLineObj final : public DxfEntity {
+/// A straight line from one point to another, in drawing units: one LINE entity.
+class DxfLineObj {
 public:
-    /// `number` stands for the handle until one is assigned.
-    DxfLineObj(LineDescription line, std::uint32_t number) noexcept;
+    DxfLineObj(const MathPoint3d& start, const MathPoint3d& end) noexcept
+        : m_start(start)
+        , m_end(end) {}
 
-    std::unique_ptr<DxfEntity> clone() const override;
-    DxfSection createSection() const override;
+    /// Takes the handle of a line.
+    static Handle assignHandles(HandleCounter& handles) noexcept { return handles.nextHandle(); }
 
-    /// Takes one handle.
-    void assignHandles(DxfSectionRegistry& registry) override;
-    void fillSections(DxfSectionRegistry& registry) const override;
+    /// The line's record.
+    DxfSectionLineEntity createSection(Handle handle) const noexcept { return {m_start, m_end, handle}; }
 
-    /// Transforms both points: x by `matrix`, but y and z by the line's own frame, so that a flattened frame
-    /// keeps the shape that it has in its image. A homogeneous weight of zero is not tested for.
-    void transform(const MathMatrix& matrix);
+    /// Transforms both points: x by `matrix`, but y and z by `frame`, the matrix of the image that the line
+    /// belongs to, so that a flattened frame keeps the shape that it has in its image. A homogeneous weight
+    /// of zero is not tested for. Throws as MathMatrix::transform does.
+    void transform(const MathMatrix& matrix, const MathMatrix& frame) {
+        const auto transformed = [&](const MathPoint3d& point) {
+            const MathPoint3d inFrame = frame.transform(point);
+            return MathPoint3d(matrix.transform(point).x, inFrame.y, inFrame.z);
+        };
+        m_start = transformed(m_start);
+        m_end = transformed(m_end);
+    }
 
     /// Moves both points.
-    void translate(const MathVector3d& offset) noexcept;
+    void translate(const MathVector3d& offset) noexcept {
+        m_start = m_start + offset;
+        m_end = m_end + offset;
+    }
 
-    const MathPoint3d& start() const noexcept { return m_line.start; }
-    const MathPoint3d& end() const noexcept { return m_line.end; }
+    const MathPoint3d& start() const noexcept { return m_start; }
+    const MathPoint3d& end() const noexcept { return m_end; }
 
 private:
-    LineDescription m_line;
-    std::uint32_t m_number;
-    Handle m_handle;
+    MathPoint3d m_start;
+    MathPoint3d m_end;
 };
 
 } // namespace rasterplan

@@ -1,74 +1,59 @@
 #pragma once
 
 #include "template/DxfSection.h"
-#include "template/SectionTable.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace rasterplan {
 
 /// A CLASS record.
-inline constexpr auto classRows = RecordTable({
-    {L"#VEXO_CLASS_GROUPCODE#", "0"},
-    {L"#VEXO_CLASSNAME#", "CLASS"},
-    {L"#VEXO_GROUPCODE#", "1"},
-    {L"#VEXO_RECORDNAME#", "", filled},
-    {L"#VEXO_CNAME_GROUPCODE#", "2"},
-    {L"#VEXO_CNAME#", "", filled},
-    {L"#VEXO_APPNAME_GROUPCODE#", "3"},
-    {L"#VEXO_APPNAME#", "ISM"},
-    {L"#VEXO_PROXYCAP_GROUPCODE#", "90"},
-    {L"#VEXO_PROXYCAP_FLAG#", "0", filled},
-    {L"#VEXO_NUM_GROUPCODE#", "91"},
-    {L"#VEXO_NUM#", "", filled},
-    {L"#VEXO_LOADFLAG_GROUPCODE#", "280"},
-    {L"#VEXO_LOADFLAG#", "0"},
-    {L"#VEXO_ENTFLAG_GROUPCODE#", "281"},
-    {L"#VEXO_ENTFLAG#", "0", filled},
-});
-inline constexpr SectionTable classTable = classRows.table();
+struct DxfSectionClass_INSTANCE : DxfSection<DxfSectionClass_INSTANCE> {
+    DxfSectionClass_INSTANCE(std::int32_t instances_, std::string_view recordName_,
+                             std::string_view className_, std::string_view proxyFlags_,
+                             std::string_view isEntity_) noexcept
+        : recordName(recordName_)
+        , className(className_)
+        , proxyFlags(proxyFlags_)
+        , instances(instances_)
+        , isEntity(isEntity_) {}
 
-/// A CLASS record with the number of its instances, still without a name.
-class DxfSectionClass_INSTANCE : public DxfSection {
-public:
-    explicit DxfSectionClass_INSTANCE(std::int32_t instances)
-        : DxfSection(classTable) {
-        setPlaceholderValue(classRows[L"#VEXO_NUM#"], instances);
-    }
+    const std::string_view recordName;
+    const std::string_view className;
+    const std::string_view proxyFlags;
+    const std::int32_t instances;
+    const std::string_view isEntity;
+
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"0",   "CLASS",           L"#VEXO_CLASS_GROUPCODE#",    L"#VEXO_CLASSNAME#"},
+        {"1",   &Self::recordName, L"#VEXO_GROUPCODE#",          L"#VEXO_RECORDNAME#"},
+        {"2",   &Self::className,  L"#VEXO_CNAME_GROUPCODE#",    L"#VEXO_CNAME#"},
+        {"3",   "ISM",             L"#VEXO_APPNAME_GROUPCODE#",  L"#VEXO_APPNAME#"}, // application
+        {"90",  &Self::proxyFlags, L"#VEXO_PROXYCAP_GROUPCODE#", L"#VEXO_PROXYCAP_FLAG#"}, // what a program may do that does not know the class
+        {"91",  &Self::instances,  L"#VEXO_NUM_GROUPCODE#",      L"#VEXO_NUM#"}, // number of records
+        {"280", "0",               L"#VEXO_LOADFLAG_GROUPCODE#", L"#VEXO_LOADFLAG#"}, // was no proxy
+        {"281", &Self::isEntity,   L"#VEXO_ENTFLAG_GROUPCODE#",  L"#VEXO_ENTFLAG#"},
+    }); }
+    // clang-format on
 };
 
 /// The class of IMAGE, the only one of the three whose instances are entities.
-class DxfSectionClass_IMAGE final : public DxfSectionClass_INSTANCE {
-public:
-    explicit DxfSectionClass_IMAGE(std::int32_t instances)
-        : DxfSectionClass_INSTANCE(instances) {
-        setPlaceholderValue(classRows[L"#VEXO_RECORDNAME#"], L"IMAGE");
-        setPlaceholderValue(classRows[L"#VEXO_CNAME#"], L"AcDbRasterImage");
-        setPlaceholderValue(classRows[L"#VEXO_PROXYCAP_FLAG#"], L"2175");
-        setPlaceholderValue(classRows[L"#VEXO_ENTFLAG#"], L"1");
-    }
+struct DxfSectionClass_IMAGE : DxfSectionClass_INSTANCE {
+    explicit DxfSectionClass_IMAGE(std::int32_t count) noexcept
+        : DxfSectionClass_INSTANCE(count, "IMAGE", "AcDbRasterImage", "2175", "1") {}
 };
 
 /// The class of IMAGEDEF.
-class DxfSectionClass_IMAGEDEF final : public DxfSectionClass_INSTANCE {
-public:
-    explicit DxfSectionClass_IMAGEDEF(std::int32_t instances)
-        : DxfSectionClass_INSTANCE(instances) {
-        setPlaceholderValue(classRows[L"#VEXO_RECORDNAME#"], L"IMAGEDEF");
-        setPlaceholderValue(classRows[L"#VEXO_CNAME#"], L"AcDbRasterImageDef");
-        setPlaceholderValue(classRows[L"#VEXO_PROXYCAP_FLAG#"], L"0");
-    }
+struct DxfSectionClass_IMAGEDEF : DxfSectionClass_INSTANCE {
+    explicit DxfSectionClass_IMAGEDEF(std::int32_t count) noexcept
+        : DxfSectionClass_INSTANCE(count, "IMAGEDEF", "AcDbRasterImageDef", "0", "0") {}
 };
 
 /// The class of IMAGEDEF_REACTOR.
-class DxfSectionClass_IMAGEDEF_REACTOR final : public DxfSectionClass_INSTANCE {
-public:
-    explicit DxfSectionClass_IMAGEDEF_REACTOR(std::int32_t instances)
-        : DxfSectionClass_INSTANCE(instances) {
-        setPlaceholderValue(classRows[L"#VEXO_RECORDNAME#"], L"IMAGEDEF_REACTOR");
-        setPlaceholderValue(classRows[L"#VEXO_CNAME#"], L"AcDbRasterImageDefReactor");
-        setPlaceholderValue(classRows[L"#VEXO_PROXYCAP_FLAG#"], L"1");
-    }
+struct DxfSectionClass_IMAGEDEF_REACTOR : DxfSectionClass_INSTANCE {
+    explicit DxfSectionClass_IMAGEDEF_REACTOR(std::int32_t count) noexcept
+        : DxfSectionClass_INSTANCE(count, "IMAGEDEF_REACTOR", "AcDbRasterImageDefReactor", "1", "0") {}
 };
 
 } // namespace rasterplan

@@ -1,90 +1,79 @@
 #pragma once
 
 #include "template/DxfSection.h"
-#include "template/SectionTable.h"
 
-#include <limits>
+#include <cstdint>
+#include <string_view>
 
 namespace rasterplan {
 
 /// A header variable that holds a handle.
-inline constexpr auto headerVarRows = RecordTable({
-    {L"#VEXO_VAR_GROUPCODE#", "9"},
-    {L"#VEXO_VAR_VARNAME#", "", filled},
-    {L"#VEXO_VAR_HANDLEGROUPCODE#", "5"},
-    {L"#VEXO_VAR_HANDLEVALUE#", "", filled},
-});
-inline constexpr SectionTable headerVarTable = headerVarRows.table();
+struct DxfSectionHeaderVar : DxfSection<DxfSectionHeaderVar> {
+    DxfSectionHeaderVar(std::string_view name_, Handle value_) noexcept
+        : name(name_)
+        , value(value_) {}
+
+    const std::string_view name;
+    const Handle value;
+
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"9", &Self::name,  L"#VEXO_VAR_GROUPCODE#",       L"#VEXO_VAR_VARNAME#"},
+        {"5", &Self::value, L"#VEXO_VAR_HANDLEGROUPCODE#", L"#VEXO_VAR_HANDLEVALUE#"},
+    }); }
+    // clang-format on
+};
 
 /// A header variable that holds a point.
-inline constexpr auto headerVarBoxRows = RecordTable({
-    {L"#VEXO_EXTVAR_GROUPCODE#", "9"},
-    {L"#VEXO_EXTVAR_VARNAME#", "", filled},
-    {L"#VEXO_EXTVARX_GROUPCODE#", "10"},
-    {L"#VEXO_EXTVARX_VALUE#", "", filled},
-    {L"#VEXO_EXTVARY_GROUPCODE#", "20"},
-    {L"#VEXO_EXTVARY_VALUE#", "", filled},
-    {L"#VEXO_EXTVARZ_GROUPCODE#", "30"},
-    {L"#VEXO_EXTVARZ_VALUE#", "", filled},
-});
-inline constexpr SectionTable headerVarBoxTable = headerVarBoxRows.table();
+struct DxfSectionHeaderVarBox : DxfSection<DxfSectionHeaderVarBox> {
+    DxfSectionHeaderVarBox(std::string_view name_, const MathPoint3d& value_) noexcept
+        : name(name_)
+        , value(value_) {}
 
-/// $INSUNITS; metres until an image says otherwise.
-inline constexpr auto headerInsUnitsRows = RecordTable({
-    {L"#VEXO_INSUNIT_VAR_GROUPCODE#", "9"},
-    {L"#VEXO_INSUNIT_VAR_NAME#", "$INSUNITS"},
-    {L"#VEXO_INSUNIT_UNIT_GROUPCODE#", "70"},
-    {L"#VEXO_INSUNIT_UNIT_VALUE#", "6", filled},
-});
-inline constexpr SectionTable headerInsUnitsTable = headerInsUnitsRows.table();
+    const std::string_view name;
+    const MathPoint3d value;
 
-/// Shared by the variables that hold a handle.
-class DxfSectionHeaderVar : public DxfSection {
-public:
-    DxfSectionHeaderVar()
-        : DxfSection(headerVarTable) {}
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"9",  &Self::name,     L"#VEXO_EXTVAR_GROUPCODE#",  L"#VEXO_EXTVAR_VARNAME#"},
+        {"10", x(&Self::value), L"#VEXO_EXTVARX_GROUPCODE#", L"#VEXO_EXTVARX_VALUE#"},
+        {"20", y(&Self::value), L"#VEXO_EXTVARY_GROUPCODE#", L"#VEXO_EXTVARY_VALUE#"},
+        {"30", z(&Self::value), L"#VEXO_EXTVARZ_GROUPCODE#", L"#VEXO_EXTVARZ_VALUE#"},
+    }); }
+    // clang-format on
 };
 
-/// Shared by the variables that hold a point.
-class DxfSectionHeaderVarBox : public DxfSection {
-public:
-    DxfSectionHeaderVarBox()
-        : DxfSection(headerVarBoxTable) {}
-
-protected:
-    /// Names the variable and sets all three coordinates.
-    void start(const wchar_t* name, double coordinate) {
-        setPlaceholderValue(headerVarBoxRows[L"#VEXO_EXTVAR_VARNAME#"], name);
-        setPlaceholderValue(headerVarBoxRows[L"#VEXO_EXTVARX_VALUE#"], coordinate);
-        setPlaceholderValue(headerVarBoxRows[L"#VEXO_EXTVARY_VALUE#"], coordinate);
-        setPlaceholderValue(headerVarBoxRows[L"#VEXO_EXTVARZ_VALUE#"], coordinate);
-    }
+/// $EXTMIN.
+struct DxfHeaderSection_EXTMIN : DxfSectionHeaderVarBox {
+    explicit DxfHeaderSection_EXTMIN(const MathPoint3d& least) noexcept
+        : DxfSectionHeaderVarBox("$EXTMIN", least) {}
 };
 
-/// $EXTMIN: starts above every coordinate.
-class DxfHeaderSection_EXTMIN final : public DxfSectionHeaderVarBox {
-public:
-    DxfHeaderSection_EXTMIN() { start(L"$EXTMIN", std::numeric_limits<double>::max()); }
+/// $EXTMAX.
+struct DxfHeaderSection_EXTMAX : DxfSectionHeaderVarBox {
+    explicit DxfHeaderSection_EXTMAX(const MathPoint3d& greatest) noexcept
+        : DxfSectionHeaderVarBox("$EXTMAX", greatest) {}
 };
 
-/// $EXTMAX: starts at the smallest positive double, which is written as zero. So an axis on which every image
-/// lies below zero keeps zero.
-class DxfHeaderSection_EXTMAX final : public DxfSectionHeaderVarBox {
-public:
-    DxfHeaderSection_EXTMAX() { start(L"$EXTMAX", std::numeric_limits<double>::min()); }
-};
-
-/// $HANDSEED, without a value until all handles are given.
-class DxfHeaderSection_HANDSEED final : public DxfSectionHeaderVar {
-public:
-    DxfHeaderSection_HANDSEED() { setPlaceholderValue(headerVarRows[L"#VEXO_VAR_VARNAME#"], L"$HANDSEED"); }
+/// $HANDSEED, above every handle of the drawing.
+struct DxfHeaderSection_HANDSEED : DxfSectionHeaderVar {
+    explicit DxfHeaderSection_HANDSEED(Handle next) noexcept
+        : DxfSectionHeaderVar("$HANDSEED", next) {}
 };
 
 /// $INSUNITS.
-class DxfHeaderSection_INSUNITS final : public DxfSection {
-public:
-    DxfHeaderSection_INSUNITS()
-        : DxfSection(headerInsUnitsTable) {}
+struct DxfHeaderSection_INSUNITS : DxfSection<DxfHeaderSection_INSUNITS> {
+    explicit DxfHeaderSection_INSUNITS(std::int32_t unit_) noexcept
+        : unit(unit_) {}
+
+    const std::int32_t unit;
+
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"9",  "$INSUNITS", L"#VEXO_INSUNIT_VAR_GROUPCODE#",  L"#VEXO_INSUNIT_VAR_NAME#"},
+        {"70", &Self::unit, L"#VEXO_INSUNIT_UNIT_GROUPCODE#", L"#VEXO_INSUNIT_UNIT_VALUE#"},
+    }); }
+    // clang-format on
 };
 
 } // namespace rasterplan

@@ -1,99 +1,68 @@
 #pragma once
 
 #include "template/DxfSection.h"
-#include "template/SectionTable.h"
 
 namespace rasterplan {
 
-/// The active viewport. LENGHT is spelled so, and the view mode is "0.0" although its code is that of an
-/// integer: both are fixed.
-inline constexpr auto viewportRows = RecordTable({
-    {L"#VEXO_TABLE_VPORTGROUPCODE#", "0"},
-    {L"#VEXO_TABLE_VPORT_NAME#", "VPORT"},
-    {L"#VEXO_TABLE_VPORTHANDLE_GROUPCODE#", "5"},
-    {L"#VEXO_TABLE_VPORTHANDLE_HANDLE#", "29"},
-    {L"#VEXO_TABLE_VPORT_SUBCLASSSYMBOLTABLE_GROUPCODESTR#", "100"},
-    {L"#VEXO_TABLE_VPORT_SUBCLASSSYMBOLTABLE#", "AcDbSymbolTableRecord"},
-    {L"#VEXO_TABLE_VPORT_SUBCLASSVIEWPORTTABLE_GROUPCODESTR#", "100"},
-    {L"#VEXO_TABLE_VPORT_SUBCLASSVIEWPORTTABLE#", "AcDbViewportTableRecord"},
-    {L"#VEXO_TABLE_VPORTCADNAME_GROUPCODE#", "2"},
-    {L"#VEXO_TABLE_VPORTCADNAME#", "*ACTIVE"},
-    {L"#VEXO_TABLE_VPORTEXT_GROUPCODE#", "70"},
-    {L"#VEXO_TABLE_VPORTEXT#", "0"},
-    {L"#VEXO_TABLE_VPORTLOWLEFTCORNER_X_GROUPCODE#", "10"},
-    {L"#VEXO_TABLE_VPORTLOWLEFTCORNER_X#", "0"},
-    {L"#VEXO_TABLE_VPORTLOWLEFTCORNER_Y_GROUPCODE#", "20"},
-    {L"#VEXO_TABLE_VPORTLOWLEFTCORNER_Y#", "0"},
-    {L"#VEXO_TABLE_VPORTUPRIGHTCORNER_X_GROUPCODE#", "11"},
-    {L"#VEXO_TABLE_VPORTUPRIGHTCORNER_X#", "1.0"},
-    {L"#VEXO_TABLE_VPORTUPRIGHTCORNER_Y_GROUPCODE#", "21"},
-    {L"#VEXO_TABLE_VPORTUPRIGHTCORNER_Y#", "1.0"},
-    {L"#VEXO_TABLE_VPORTCENTERPOINT_X_GROUPCODE#", "12"},
-    {L"#VEXO_TABLE_VPORTCENTERPOINT_X#", "0.0"},
-    {L"#VEXO_TABLE_VPORTCENTERPOINT_Y_GROUPCODE#", "22"},
-    {L"#VEXO_TABLE_VPORTCENTERPOINT_Y#", "0.0"},
-    {L"#VEXO_TABLE_VPORTSNAPPOINT_X_GROUPCODE#", "13"},
-    {L"#VEXO_TABLE_VPORTSNAPPOINT_X#", "0.0"},
-    {L"#VEXO_TABLE_VPORTSNAPPOINT_Y_GROUPCODE#", "23"},
-    {L"#VEXO_TABLE_VPORTSNAPPOINT_Y#", "0.0"},
-    {L"#VEXO_TABLE_VPORTSNAPSPACE_X_GROUPCODE#", "14"},
-    {L"#VEXO_TABLE_VPORTSNAPSPACE_X#", "0.5"},
-    {L"#VEXO_TABLE_VPORTSNAPSPACE_Y_GROUPCODE#", "24"},
-    {L"#VEXO_TABLE_VPORTSNAPSPACE_Y#", "0.5"},
-    {L"#VEXO_TABLE_VPORTGRIDSPACE_X_GROUPCODE#", "15"},
-    {L"#VEXO_TABLE_VPORTGRIDSPACE_X#", "0.5"},
-    {L"#VEXO_TABLE_VPORTGRIDSPACE_Y_GROUPCODE#", "25"},
-    {L"#VEXO_TABLE_VPORTGRIDSPACE_Y#", "0.5"},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_X_GROUPCODE#", "16"},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_X#", "0", filled},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_Y_GROUPCODE#", "26"},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_Y#", "0", filled},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_Z_GROUPCODE#", "36"},
-    {L"#VEXO_TABLE_VPORTVIEWDIR_Z#", "1", filled},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_X_GROUPCODE#", "17"},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_X#", "0", filled},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Y_GROUPCODE#", "27"},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Y#", "0", filled},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Z_GROUPCODE#", "37"},
-    {L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Z#", "0", filled},
-    {L"#VEXO_TABLE_VPORTVIEWHEIGHT_GROUPCODE#", "40"},
-    {L"#VEXO_TABLE_VPORTVIEWHEIGHT#", "", filled},
-    {L"#VEXO_TABLE_VPORTVIEWRATIO_GROUPCODE#", "41"},
-    {L"#VEXO_TABLE_VPORTVIEWRATIO#", "", filled},
-    {L"#VEXO_TABLE_VPORTLENSLENGHT_GROUPCODE#", "42"},
-    {L"#VEXO_TABLE_VPORTLENSLENGHT#", "50.0"},
-    {L"#VEXO_TABLE_VPORTFRONTCLIP_GROUPCODE#", "43"},
-    {L"#VEXO_TABLE_VPORTFRONTCLIP#", "0.0"},
-    {L"#VEXO_TABLE_VPORTBACKCLIP_GROUPCODE#", "44"},
-    {L"#VEXO_TABLE_VPORTBACKCLIP#", "0.0"},
-    {L"#VEXO_TABLE_VPORTSNAPROT_GROUPCODE#", "50"},
-    {L"#VEXO_TABLE_VPORTSNAPROT#", "0.0"},
-    {L"#VEXO_TABLE_VPORTTWIST_GROUPCODE#", "51"},
-    {L"#VEXO_TABLE_VPORTTWIST#", "0.0", filled},
-    {L"#VEXO_TABLE_VPORTMODE_GROUPCODE#", "71"},
-    {L"#VEXO_TABLE_VPORTMODE#", "0.0"},
-    {L"#VEXO_TABLE_VPORTZOOM_GROUPCODE#", "72"},
-    {L"#VEXO_TABLE_VPORTZOOM#", "100"},
-    {L"#VEXO_TABLE_VPORTFASTZOOM_GROUPCODE#", "73"},
-    {L"#VEXO_TABLE_VPORTFASTZOOM#", "1"},
-    {L"#VEXO_TABLE_VPORTUCSICON_GROUPCODE#", "74"},
-    {L"#VEXO_TABLE_VPORTUCSICON#", "3"},
-    {L"#VEXO_TABLE_VPORTSNAP_GROUPCODE#", "75"},
-    {L"#VEXO_TABLE_VPORTSNAP#", "0"},
-    {L"#VEXO_TABLE_VPORTGRID_GROUPCODE#", "76"},
-    {L"#VEXO_TABLE_VPORTGRID#", "0"},
-    {L"#VEXO_TABLE_VPORTSNAPSTYLE_GROUPCODE#", "77"},
-    {L"#VEXO_TABLE_VPORTSNAPSTYLE#", "0"},
-    {L"#VEXO_TABLE_VPORTSNAPISO_GROUPCODE#", "78"},
-    {L"#VEXO_TABLE_VPORTSNAPISO#", "0"},
-});
-inline constexpr SectionTable viewportTable = viewportRows.table();
+/// The active viewport.
+struct DxfSectionTable_VPORT : DxfSection<DxfSectionTable_VPORT> {
+    DxfSectionTable_VPORT(const MathVector3d& direction_, const MathPoint3d& target_, double height_,
+                          double ratio_, double twist_) noexcept
+        : direction(direction_)
+        , target(target_)
+        , height(height_)
+        , ratio(ratio_)
+        , twist(twist_) {}
 
-/// The active viewport with its fixed handle, looking down on the xy plane.
-class DxfSectionTable_VPORT final : public DxfSection {
-public:
-    DxfSectionTable_VPORT()
-        : DxfSection(viewportTable) {}
+    const MathVector3d direction;
+    const MathPoint3d target;
+    const double height;
+    const double ratio;
+    const double twist;
+
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"0",   "VPORT",                   L"#VEXO_TABLE_VPORTGROUPCODE#",                           L"#VEXO_TABLE_VPORT_NAME#"},
+        {"5",   "29",                      L"#VEXO_TABLE_VPORTHANDLE_GROUPCODE#",                    L"#VEXO_TABLE_VPORTHANDLE_HANDLE#"}, // fixed
+        {"100", "AcDbSymbolTableRecord",   L"#VEXO_TABLE_VPORT_SUBCLASSSYMBOLTABLE_GROUPCODESTR#",   L"#VEXO_TABLE_VPORT_SUBCLASSSYMBOLTABLE#"},
+        {"100", "AcDbViewportTableRecord", L"#VEXO_TABLE_VPORT_SUBCLASSVIEWPORTTABLE_GROUPCODESTR#", L"#VEXO_TABLE_VPORT_SUBCLASSVIEWPORTTABLE#"},
+        {"2",   "*ACTIVE",                 L"#VEXO_TABLE_VPORTCADNAME_GROUPCODE#",                   L"#VEXO_TABLE_VPORTCADNAME#"},
+        {"70",  "0",                       L"#VEXO_TABLE_VPORTEXT_GROUPCODE#",                       L"#VEXO_TABLE_VPORTEXT#"}, // flags
+        {"10",  "0",                       L"#VEXO_TABLE_VPORTLOWLEFTCORNER_X_GROUPCODE#",           L"#VEXO_TABLE_VPORTLOWLEFTCORNER_X#"}, // lower-left corner on the screen
+        {"20",  "0",                       L"#VEXO_TABLE_VPORTLOWLEFTCORNER_Y_GROUPCODE#",           L"#VEXO_TABLE_VPORTLOWLEFTCORNER_Y#"},
+        {"11",  "1.0",                     L"#VEXO_TABLE_VPORTUPRIGHTCORNER_X_GROUPCODE#",           L"#VEXO_TABLE_VPORTUPRIGHTCORNER_X#"}, // upper-right corner on the screen
+        {"21",  "1.0",                     L"#VEXO_TABLE_VPORTUPRIGHTCORNER_Y_GROUPCODE#",           L"#VEXO_TABLE_VPORTUPRIGHTCORNER_Y#"},
+        {"12",  "0.0",                     L"#VEXO_TABLE_VPORTCENTERPOINT_X_GROUPCODE#",             L"#VEXO_TABLE_VPORTCENTERPOINT_X#"}, // centre
+        {"22",  "0.0",                     L"#VEXO_TABLE_VPORTCENTERPOINT_Y_GROUPCODE#",             L"#VEXO_TABLE_VPORTCENTERPOINT_Y#"},
+        {"13",  "0.0",                     L"#VEXO_TABLE_VPORTSNAPPOINT_X_GROUPCODE#",               L"#VEXO_TABLE_VPORTSNAPPOINT_X#"}, // snap base
+        {"23",  "0.0",                     L"#VEXO_TABLE_VPORTSNAPPOINT_Y_GROUPCODE#",               L"#VEXO_TABLE_VPORTSNAPPOINT_Y#"},
+        {"14",  "0.5",                     L"#VEXO_TABLE_VPORTSNAPSPACE_X_GROUPCODE#",               L"#VEXO_TABLE_VPORTSNAPSPACE_X#"}, // snap spacing
+        {"24",  "0.5",                     L"#VEXO_TABLE_VPORTSNAPSPACE_Y_GROUPCODE#",               L"#VEXO_TABLE_VPORTSNAPSPACE_Y#"},
+        {"15",  "0.5",                     L"#VEXO_TABLE_VPORTGRIDSPACE_X_GROUPCODE#",               L"#VEXO_TABLE_VPORTGRIDSPACE_X#"}, // grid spacing
+        {"25",  "0.5",                     L"#VEXO_TABLE_VPORTGRIDSPACE_Y_GROUPCODE#",               L"#VEXO_TABLE_VPORTGRIDSPACE_Y#"},
+        {"16",  x(&Self::direction),       L"#VEXO_TABLE_VPORTVIEWDIR_X_GROUPCODE#",                 L"#VEXO_TABLE_VPORTVIEWDIR_X#"}, // direction from the target to the viewer
+        {"26",  y(&Self::direction),       L"#VEXO_TABLE_VPORTVIEWDIR_Y_GROUPCODE#",                 L"#VEXO_TABLE_VPORTVIEWDIR_Y#"},
+        {"36",  z(&Self::direction),       L"#VEXO_TABLE_VPORTVIEWDIR_Z_GROUPCODE#",                 L"#VEXO_TABLE_VPORTVIEWDIR_Z#"},
+        {"17",  x(&Self::target),          L"#VEXO_TABLE_VPORTVIEWTARGETPNT_X_GROUPCODE#",           L"#VEXO_TABLE_VPORTVIEWTARGETPNT_X#"}, // target
+        {"27",  y(&Self::target),          L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Y_GROUPCODE#",           L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Y#"},
+        {"37",  z(&Self::target),          L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Z_GROUPCODE#",           L"#VEXO_TABLE_VPORTVIEWTARGETPNT_Z#"},
+        {"40",  &Self::height,             L"#VEXO_TABLE_VPORTVIEWHEIGHT_GROUPCODE#",                L"#VEXO_TABLE_VPORTVIEWHEIGHT#"}, // height in drawing units
+        {"41",  &Self::ratio,              L"#VEXO_TABLE_VPORTVIEWRATIO_GROUPCODE#",                 L"#VEXO_TABLE_VPORTVIEWRATIO#"}, // width to height
+        {"42",  "50.0",                    L"#VEXO_TABLE_VPORTLENSLENGHT_GROUPCODE#",                L"#VEXO_TABLE_VPORTLENSLENGHT#"}, // lens length; the key is spelled so
+        {"43",  "0.0",                     L"#VEXO_TABLE_VPORTFRONTCLIP_GROUPCODE#",                 L"#VEXO_TABLE_VPORTFRONTCLIP#"}, // front clipping plane
+        {"44",  "0.0",                     L"#VEXO_TABLE_VPORTBACKCLIP_GROUPCODE#",                  L"#VEXO_TABLE_VPORTBACKCLIP#"}, // back clipping plane
+        {"50",  "0.0",                     L"#VEXO_TABLE_VPORTSNAPROT_GROUPCODE#",                   L"#VEXO_TABLE_VPORTSNAPROT#"}, // snap rotation
+        {"51",  &Self::twist,              L"#VEXO_TABLE_VPORTTWIST_GROUPCODE#",                     L"#VEXO_TABLE_VPORTTWIST#"}, // twist in degrees
+        {"71",  "0.0",                     L"#VEXO_TABLE_VPORTMODE_GROUPCODE#",                      L"#VEXO_TABLE_VPORTMODE#"}, // mode; a real text, although the code is that of an integer
+        {"72",  "100",                     L"#VEXO_TABLE_VPORTZOOM_GROUPCODE#",                      L"#VEXO_TABLE_VPORTZOOM#"}, // circle zoom percent
+        {"73",  "1",                       L"#VEXO_TABLE_VPORTFASTZOOM_GROUPCODE#",                  L"#VEXO_TABLE_VPORTFASTZOOM#"}, // fast zoom
+        {"74",  "3",                       L"#VEXO_TABLE_VPORTUCSICON_GROUPCODE#",                   L"#VEXO_TABLE_VPORTUCSICON#"}, // UCS icon
+        {"75",  "0",                       L"#VEXO_TABLE_VPORTSNAP_GROUPCODE#",                      L"#VEXO_TABLE_VPORTSNAP#"}, // snap off
+        {"76",  "0",                       L"#VEXO_TABLE_VPORTGRID_GROUPCODE#",                      L"#VEXO_TABLE_VPORTGRID#"}, // grid off
+        {"77",  "0",                       L"#VEXO_TABLE_VPORTSNAPSTYLE_GROUPCODE#",                 L"#VEXO_TABLE_VPORTSNAPSTYLE#"}, // snap style
+        {"78",  "0",                       L"#VEXO_TABLE_VPORTSNAPISO_GROUPCODE#",                   L"#VEXO_TABLE_VPORTSNAPISO#"}, // snap isometric plane
+    }); }
+    // clang-format on
 };
 
 } // namespace rasterplan

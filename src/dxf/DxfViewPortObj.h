@@ -1,28 +1,19 @@
 #pragma once
 
-#include "dxf/DxfEntity.h"
+#include "dxf/DxfSectionTable_VPORT.h"
 #include "math/MathBox3d.h"
 #include "math/MathMatrix.h"
 #include "math/MathVector3d.h"
 
 #include <RasterPlanWriter/ImageParam.h>
 
-#include <memory>
-
 namespace rasterplan {
 
 /// The active viewport: looks at the plane of the first image face-on and shows all images.
-class DxfViewPortObj final : public DxfEntity {
+class DxfViewPortObj {
 public:
-    std::unique_ptr<DxfEntity> clone() const override;
-    DxfSection createSection() const override;
-
-    /// Takes no handle: the record has a fixed one.
-    void assignHandles(DxfSectionRegistry& registry) override;
-
-    /// Writes view direction, target, twist, height and aspect ratio. Throws DxfError when one has no place,
-    /// and ErrorNR when the view cannot be inverted.
-    void fillSections(DxfSectionRegistry& registry) const override;
+    /// The record, which has a fixed handle. Throws ErrorNR when the view cannot be inverted.
+    DxfSectionTable_VPORT createSection() const;
 
     /// Widens the view by an image; the first one also decides direction and twist. Throws ErrorNR when the
     /// first image's frame is singular, and DxfError when a direction is known although nothing is shown yet
@@ -39,7 +30,6 @@ private:
     MathVector3d m_viewDirection;
     MathMatrix m_worldToPlane = MathMatrix::identity4();
     double m_twist = 0.0; ///< In degrees.
-    double m_pixelsPerUnit = 0.0;
 };
 
 } // namespace rasterplan

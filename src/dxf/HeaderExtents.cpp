@@ -1,65 +1,36 @@
 #include "dxf/HeaderExtents.h"
 
-#include "dxf/DxfSectionHeader.h"
-#include "template/DxfError.h"
+#include "base/ParseNumber.h"
 
-#include <array>
+#include <cstddef>
+#include <limits>
 
 namespace rasterplan {
-namespace {
 
-constexpr std::array<Placeholder, 3> coordinates{headerVarBoxRows[L"#VEXO_EXTVARX_VALUE#"],
-                                                 headerVarBoxRows[L"#VEXO_EXTVARY_VALUE#"],
-                                                 headerVarBoxRows[L"#VEXO_EXTVARZ_VALUE#"]};
-constexpr Placeholder unit = headerInsUnitsRows[L"#VEXO_INSUNIT_UNIT_VALUE#"];
+HeaderExtents::Bound::Bound(double value_)
+    : value(value_)
+    , read(ZelkBase::printedValue(value_)) {}
 
-using Coordinates = std::array<double, 3>;
-
-Coordinates coordinatesOf(const TripleDouble& triple) {
-    return {triple.x, triple.y, triple.z};
+HeaderExtents::HeaderExtents() {
+    m_min.fill(Bound(std::numeric_limits<double>::max()));
+    m_max.fill(Bound(std::numeric_limits<double>::min()));
 }
 
-/// The section of an extent, which has all three coordinates.
-const DxfSection& extentOf(const DxfSectionRegistry& registry, TopLevelKey key, const wchar_t* message) {
-    const DxfSection* const section = registry.findSectionForReading(key).section;
-    for (const Placeholder& coordinate : coordinates)
-        if (!section || !section->hasPlaceholderValue(coordinate))
-            throw DxfError(message);
-    return *section;
-}
-
-} // namespace
-
-void updateHeaderFromImage(DxfSectionRegistry& registry, const ImageParam& image) {
-    const Coordinates leftBottom = coordinatesOf(image.getLeftBottomCorner());
-    const Coordinates u = coordinatesOf(image.getImgUVector());
-    const Coordinates v = coordinatesOf(image.getImgVVector());
-    const double width = image.getImgWidth();
-    const double height = image.getImgHeight();
-    bool complete = true;
-
-    const DxfSection& extMin =
-        extentOf(registry, TopLevelKey::headerExtMin, L"Failure while setting Map: VEXO_HEADER_EXTMIN");
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (extMin.getPlaceholderNumber(coordinates[axis]) > leftBottom[axis])
-            complete &=
-                registry.setSectionValue(TopLevelKey::headerExtMin, coordinates[axis], leftBottom[axis]);
+void HeaderExtents::updateHeaderFromImage(const ImageParam& image) {
+    const TripleDouble leftBottom = image.getLeftBottomCorner();
+    const TripleDouble u = image.getImgUVector();
+    const TripleDouble v = image.getImgVVector();
+    std::size_t axis = 0;
+    for (const auto component : {&TripleDouble::x, &TripleDouble::y, &TripleDouble::z}) {
+        const double corner = leftBottom.*component;
+        if (m_min[axis].read > corner)
+            m_min[axis] = Bound(corner);
+        if ((corner + u.*component) + v.*component > m_max[axis].read)
+            m_max[axis] =
+                Bound((image.getImgWidth() * u.*component + corner) + image.getImgHeight() * v.*component);
+        ++axis;
     }
-
-    const DxfSection& extMax =
-        extentOf(registry, TopLevelKey::headerExtMax, L"Failure while setting Map: VEXO_HEADER_EXMAX");
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const double tested = (leftBottom[axis] + u[axis]) + v[axis];
-        if (tested > extMax.getPlaceholderNumber(coordinates[axis])) {
-            const double farCorner = (width * u[axis] + leftBottom[axis]) + height * v[axis];
-            complete &= registry.setSectionValue(TopLevelKey::headerExtMax, coordinates[axis], farCorner);
-        }
-    }
-
-    complete &= registry.setSectionValue(TopLevelKey::headerInsUnits, unit,
-                                         static_cast<std::int32_t>(image.getDrawingUnit()));
-    if (!complete)
-        throw DxfError(L"Failure while setting Map.");
+    m_unit = image.getDrawingUnit();
 }
 
 } // namespace rasterplan

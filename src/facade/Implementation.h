@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dxf/Drawing.h"
-#include "template/DxfSectionRegistry.h"
+#include "dxf/DxfSectionRegistry.h"
 
 #include <RasterPlanWriter/RasterPlanWriter.h>
 
@@ -11,7 +11,7 @@
 /// What a facade and its copies share.
 struct RasterPlanWriter::Implementation {
     rasterplan::Drawing drawing;
-    rasterplan::DxfSectionRegistry registry;
+    rasterplan::DxfSectionRegistry registry{drawing};
     std::wstring outputPath;
     std::atomic<int> facades{1};
 };

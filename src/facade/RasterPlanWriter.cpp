@@ -1,9 +1,7 @@
 #include <RasterPlanWriter/RasterPlanWriter.h>
 
-#include "facade/AddImage.h"
-#include "facade/Flatten.h"
 #include "facade/Implementation.h"
-#include "facade/ReferencePlane.h"
+#include "facade/MiddledImagePlane.h"
 #include "facade/WriteDxf.h"
 #include "math/MathError.h"
 #include "template/DxfError.h"
@@ -68,8 +66,7 @@ RasterPlanWriter::~RasterPlanWriter() {
 RasterPlanWriter::ErrorEnum RasterPlanWriter::add(const ImageParam& image) {
     if (!m_implementation)
         return UnexpectedFailure;
-    return mapFailures(
-        [&] { return rasterplan::addImage(m_implementation->drawing, image) ? Success : InvalidGeometry; });
+    return mapFailures([&] { return m_implementation->drawing.add(image) ? Success : InvalidGeometry; });
 }
 
 RasterPlanWriter::ErrorEnum
@@ -98,8 +95,9 @@ RasterPlanWriter::ErrorEnum RasterPlanWriter::create2DDxf(const TripleDouble& or
     if (m_implementation->drawing.images.count() == 0)
         return NoImage;
     return mapFailures([&] {
-        rasterplan::Drawing flat = rasterplan::flattened(m_implementation->drawing, {origin, xAxis, yAxis});
-        return rasterplan::writeDxf(m_implementation->registry, flat, m_implementation->outputPath);
+        return rasterplan::writeDxf(m_implementation->registry,
+                                    rasterplan::ReferencePlane{origin, xAxis, yAxis},
+                                    m_implementation->outputPath);
     });
 }
 
@@ -107,8 +105,7 @@ RasterPlanWriter::ErrorEnum RasterPlanWriter::create3DDxf() {
     if (!m_implementation)
         return UnexpectedFailure;
     return mapFailures([&] {
-        return rasterplan::writeDxf(m_implementation->registry, m_implementation->drawing,
-                                    m_implementation->outputPath);
+        return rasterplan::writeDxf(m_implementation->registry, std::nullopt, m_implementation->outputPath);
     });
 }
 

@@ -1,6 +1,5 @@
 #include "facade/WriteDxf.h"
 
-#include "dxf/DocumentAssembly.h"
 #include "platform/File.h"
 #include "platform/ModulePath.h"
 #include "template/OutputBuffer.h"
@@ -18,10 +17,9 @@ File openTemplate() {
 
 } // namespace
 
-RasterPlanWriter::ErrorEnum writeDxf(DxfSectionRegistry& registry, Drawing& drawing,
+RasterPlanWriter::ErrorEnum writeDxf(DxfSectionRegistry& registry, const std::optional<ReferencePlane>& plane,
                                      std::wstring_view outputPath) {
-    buildSections(registry, drawing);
-    populateSections(registry, drawing);
+    registry.addDocument(plane);
 
     const File output = openForWriting(outputPath);
     if (!output)
@@ -30,8 +28,9 @@ RasterPlanWriter::ErrorEnum writeDxf(DxfSectionRegistry& registry, Drawing& draw
     if (!source)
         return RasterPlanWriter::CannotOpenTemplate;
     OutputBuffer buffer(output.get());
-    return streamTemplate(source.get(), registry, buffer) ? RasterPlanWriter::Success
-                                                          : RasterPlanWriter::DxfFailure;
+    const auto expand = [&](TopLevelKey key) { registry.renderPlaceholder(key, buffer); };
+    return streamTemplate(source.get(), buffer, expand) ? RasterPlanWriter::Success
+                                                        : RasterPlanWriter::DxfFailure;
 }
 
 } // namespace rasterplan

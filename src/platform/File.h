@@ -7,8 +7,8 @@
 
 namespace rasterplan {
 
-/// A file of the system, closed at the end of its life. Reads and writes bytes, unbuffered: who uses it moves
-/// whole blocks. While it is open other processes may read and write it.
+/// A file of the system, closed at the end of its life. Reads and writes bytes; who writes moves whole
+/// blocks, and nothing of them is held back. While it is open other processes may read and write it.
 struct CloseFile {
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };

@@ -6,25 +6,19 @@
 #include <string>
 
 namespace rasterplan {
-namespace {
 
-/// Programs that the host starts meanwhile do not inherit the file ("e").
-File open(const char* path, const char* mode) {
-    File file(std::fopen(path, mode));
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    return file;
-}
-
-} // namespace
+// Programs that the host starts meanwhile do not inherit the file ("e").
 
 File openForReading(const std::filesystem::path& path) {
-    return open(path.c_str(), "rbe");
+    return File(std::fopen(path.c_str(), "rbe"));
 }
 
 File openForWriting(std::wstring_view path) {
     try {
-        return open(ZelkBase::toUtf8(path).c_str(), "wbe");
+        File file(std::fopen(ZelkBase::toUtf8(path).c_str(), "wbe"));
+        if (file)
+            std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        return file;
     } catch (const std::range_error&) {
         return nullptr;
     }

@@ -5,23 +5,16 @@
 #include <string>
 
 namespace rasterplan {
-namespace {
-
-File open(const wchar_t* path, const wchar_t* mode) {
-    File file(_wfsopen(path, mode, _SH_DENYNO));
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    return file;
-}
-
-} // namespace
 
 File openForReading(const std::filesystem::path& path) {
-    return open(path.c_str(), L"rbN");
+    return File(_wfsopen(path.c_str(), L"rbN", _SH_DENYNO));
 }
 
 File openForWriting(std::wstring_view path) {
-    return open(std::wstring(path).c_str(), L"wbN");
+    File file(_wfsopen(std::wstring(path).c_str(), L"wbN", _SH_DENYNO));
+    if (file)
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    return file;
 }
 
 } // namespace rasterplan

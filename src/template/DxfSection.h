@@ -1,115 +1,144 @@
 #pragma once
 
+#include "base/FormatFixed.h"
+#include "base/HandleText.h"
 #include "template/OutputBuffer.h"
-#include "template/SectionTable.h"
-#include "template/SectionValue.h"
-#include "template/SlotArray.h"
+#include "template/Pair.h"
 
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <string>
+#include <cstring>
 #include <string_view>
+#include <utility>
+#include <variant>
 
 namespace rasterplan {
 
-/// One generated DXF record: a line per placeholder, in order. A section holds only what differs from the
-/// table of its class; the classes derived from it add nothing but their table and their first values.
-///
-/// Lines that repeat are entries: each has the lines of one table, with a number behind the keys. So an image
-/// dictionary holds its images, and so the registry keeps the many sections of one class: as entries of one.
+/// The constant texts of a record, made at compile time from the pairs of its section: what stands before
+/// each value, and behind the last one.
+template <typename Section>
+struct RecordLayout {
+    static constexpr auto pairs = Section::pairs();
+    static_assert(std::all_of(pairs.begin(), pairs.end(),
+                              [](const auto& pair) { return pair.isComplete(); }));
+
+    static constexpr auto valueCount = static_cast<std::size_t>(
+        std::count_if(pairs.begin(), pairs.end(), [](const auto& pair) { return !pair.value.isConstant(); }));
+    static constexpr std::size_t capacity = 64 * pairs.size();
+
+    std::array<char, capacity> text{};
+    std::array<std::size_t, valueCount + 2> ends{}; ///< Of the texts; the first is 0.
+    std::array<std::size_t, valueCount> places{};   ///< Of the values among the pairs.
+
+    std::array<char, capacity> unfilled{}; ///< The record of a section that nobody fills.
+    std::size_t unfilledSize = 0;
+
+    consteval RecordLayout() {
+        const auto append = [](std::array<char, capacity>& out, std::size_t& size, std::string_view line) {
+            size = static_cast<std::size_t>(std::copy(line.begin(), line.end(), &out[size]) - out.data());
+        };
+        std::size_t size = 0;
+        std::size_t value = 0;
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            append(text, size, pairs[i].code);
+            append(text, size, lineEnd);
+            if (const auto* const constant = std::get_if<std::string_view>(&pairs[i].value.source)) {
+                append(text, size, *constant);
+            } else {
+                places[value++] = i;
+                ends[value] = size;
+            }
+            append(text, size, lineEnd);
+            for (const std::string_view line : {pairs[i].code, lineEnd, pairs[i].value.unfilled, lineEnd})
+                append(unfilled, unfilledSize, line);
+        }
+        ends.back() = size;
+    }
+};
+
+template <typename Section>
+inline constexpr RecordLayout<Section> recordLayout;
+
+/// One generated DXF record. `Section` derives from it, holds the values that differ from one record to the
+/// next, and gives all pairs of lines in output order by a static function pairs(). A section lives while its
+/// record is written.
+template <typename Section>
 class DxfSection {
 public:
-    /// A record without lines; addPlaceholder gives it some.
-    DxfSection() noexcept;
-
-    /// A record with the lines of `table`, followed by those of its entry table `entries` times (none below
-    /// 1). The table must outlive the section.
-    explicit DxfSection(const SectionTable& table, std::int32_t entries = 0) noexcept;
-
-    ~DxfSection();
-
-    DxfSection(DxfSection&& other) noexcept;
-    DxfSection& operator=(DxfSection&& other) noexcept;
-
-    /// Appends a section without entries as the next entry. Throws std::bad_alloc, but not for a section of
-    /// the class of the first one in which no value is set.
-    void appendEntry(const DxfSection& section);
-
-    /// Number of entries.
-    std::int32_t entries() const noexcept { return m_entries; }
-
-    /// Appends a line. A key that the section already has keeps its first value and gets a second line of it.
-    /// Throws std::bad_alloc.
-    void addPlaceholder(std::wstring_view key, std::wstring_view value);
-
-    /// Sets the value of a line; false, and nothing is changed, when no line has this key. Throws
-    /// std::bad_alloc.
-    bool setPlaceholderValue(const Placeholder& placeholder, const SectionValue& value) {
-        return setPlaceholderValue(placeholder.entry, placeholder, value);
+    /// Appends the record, each line ended by CR LF. Throws as OutputBuffer::appendText does.
+    void render(OutputBuffer& out) const {
+        renderPairs(out, std::make_index_sequence<RecordLayout<Section>::valueCount>());
     }
 
-    /// The same in an entry, whatever entry the placeholder names.
-    bool setPlaceholderValue(std::int32_t entry, const Placeholder& placeholder, const SectionValue& value) {
-        const std::optional<std::size_t> slot = knownSlot(entry, placeholder);
-        if (!slot)
-            return findAndSet(placeholder.inEntry(entry), value);
-        m_values.set(*slot, value);
-        return true;
+    /// Appends the record of a section that nobody fills.
+    static void renderUnfilled(OutputBuffer& out) {
+        constexpr const auto& layout = recordLayout<Section>;
+        out.append({layout.unfilled.data(), layout.unfilledSize});
     }
 
-    /// The value of a line as text, empty when no line has this key. Throws std::bad_alloc.
-    std::wstring getPlaceholderValue(const Placeholder& placeholder) const;
-
-    /// Whether getPlaceholderValue would give a text that is not empty. Throws std::bad_alloc.
-    bool hasPlaceholderValue(const Placeholder& placeholder) const;
-
-    /// The number that the value's text reads as. Throws std::invalid_argument ("invalid stod argument") when
-    /// it is no number, or empty, and std::out_of_range ("stod argument out of range") when it is no double.
-    double getPlaceholderNumber(const Placeholder& placeholder) const;
-
-    /// The values of all lines, each ended by a line feed. Throws std::bad_alloc.
-    std::wstring render() const;
-
-    /// Appends the same text to `out` as UTF-8 with CR LF line ends. Throws std::range_error when a value
-    /// holds a character beyond U+10FFFF; nothing is appended then.
-    void render(OutputBuffer& out) const;
+protected:
+    using Self = Section; // shortens the tables of pairs
 
 private:
-    struct OwnTable;
-
-    struct Line {
-        const SectionRow* row;
-        std::int32_t entry;              ///< Number of the entry that it stands in, or 0.
-        std::optional<std::size_t> slot; ///< Where its value is, if it is open.
-    };
-
-    /// Index of the first value of an entry; 0 stands for the lines before the entries.
-    std::size_t firstSlotOf(std::int32_t entry) const noexcept {
-        return entry == 0 ? 0 : m_table->slots + static_cast<std::size_t>(entry - 1) * m_entryTable->slots;
+    template <std::size_t... Value>
+    void renderPairs(OutputBuffer& out, std::index_sequence<Value...>) const {
+        char* end = reserve(out);
+        ((end = writeValue<Value>(writeText<Value>(end), out)), ...);
+        out.commit(writeText<sizeof...(Value)>(end));
     }
 
-    /// The slot of a placeholder that knows its place in this section's table.
-    std::optional<std::size_t> knownSlot(std::int32_t entry, const Placeholder& placeholder) const noexcept {
-        const SectionTable* const table = entry == 0 ? m_table : m_entryTable;
-        if (!placeholder.rows || !table || table->rows.data() != placeholder.rows || entry > m_entries)
-            return std::nullopt;
-        return firstSlotOf(entry) + placeholder.slot;
+    /// Room for the record without its texts of any length.
+    static char* reserve(OutputBuffer& out) {
+        using Layout = RecordLayout<Section>;
+        constexpr auto valueCapacity = std::max(ZelkBase::fixedTextCapacity, shortTextCapacity);
+        return out.reserve(Layout::capacity + Layout::valueCount * valueCapacity);
     }
-    template <typename Visitor>
-    void forEachLine(const Visitor& visit) const;
-    bool findAndSet(const Placeholder& placeholder, const SectionValue& value);
-    std::optional<Line> find(const Placeholder& placeholder) const;
-    SectionValue valueOf(const Line& line) const noexcept;
-    std::wstring textOf(const Line& line) const;
-    template <typename Sink>
-    void renderInto(Sink& sink) const;
 
-    OwnTable& ownTable();
+    template <std::size_t Part>
+    static char* writeText(char* end) noexcept {
+        constexpr const auto& layout = recordLayout<Section>;
+        constexpr std::size_t size = layout.ends[Part + 1] - layout.ends[Part];
+        std::memcpy(end, &layout.text[layout.ends[Part]], size);
+        return end + size;
+    }
 
-    const SectionTable* m_table;      ///< Owned where it is an OwnTable: the lines are not those of a class.
-    const SectionTable* m_entryTable; ///< Null where nothing repeats or m_table holds the entries too.
-    std::int32_t m_entries;
-    SlotArray m_values;
+    template <std::size_t Value>
+    char* writeValue(char* end, OutputBuffer& out) const {
+        static constexpr auto source =
+            RecordLayout<Section>::pairs[recordLayout<Section>.places[Value]].value.source;
+        return write(valueOf(std::get<source.index()>(source)), end, out);
+    }
+
+    template <typename Member>
+    const Member& valueOf(Member Section::*member) const noexcept {
+        return static_cast<const Section*>(this)->*member;
+    }
+    template <typename Triple>
+    double valueOf(const Coordinate<Section, Triple>& coordinate) const noexcept {
+        return valueOf(coordinate.triple).*coordinate.axis;
+    }
+
+    static char* write(Handle value, char* end, OutputBuffer&) noexcept {
+        return ZelkBase::formatHandle(static_cast<std::uint32_t>(value), end);
+    }
+    static char* write(std::int32_t value, char* end, OutputBuffer&) noexcept {
+        return ZelkBase::formatInteger(value, end);
+    }
+    static char* write(double value, char* end, OutputBuffer&) noexcept {
+        return ZelkBase::formatFixed17(value, end);
+    }
+    static char* write(std::string_view text, char* end, OutputBuffer&) noexcept {
+        assert(text.size() <= shortTextCapacity);
+        return end + text.copy(end, text.size());
+    }
+    static char* write(std::wstring_view text, char* end, OutputBuffer& out) {
+        out.commit(end);
+        out.appendText(text);
+        return reserve(out);
+    }
 };
 
 } // namespace rasterplan

@@ -14,14 +14,6 @@ OutputBuffer::~OutputBuffer() {
     flush();
 }
 
-void OutputBuffer::appendLong(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const std::string_view part = bytes.substr(0, blockSize);
-        append(part);
-        bytes.remove_prefix(part.size());
-    }
-}
-
 void OutputBuffer::appendText(std::wstring_view text) {
     constexpr std::size_t partSize = blockSize / ZelkBase::utf8Capacity;
     for (; !text.empty(); text.remove_prefix(std::min(text.size(), partSize))) {

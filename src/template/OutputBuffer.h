@@ -8,6 +8,9 @@
 
 namespace rasterplan {
 
+/// What ends every line of a drawing.
+inline constexpr std::string_view lineEnd = "\r\n";
+
 /// Bytes on their way into a file, written in blocks. A write that fails is not reported.
 class OutputBuffer {
 public:
@@ -23,10 +26,8 @@ public:
     OutputBuffer(const OutputBuffer&) = delete;
     OutputBuffer& operator=(const OutputBuffer&) = delete;
 
-    /// Appends bytes as they are.
+    /// Appends at most blockSize bytes as they are.
     void append(std::string_view bytes) {
-        if (bytes.size() > blockSize)
-            return appendLong(bytes);
         char* const end = reserve(bytes.size());
         commit(end + bytes.copy(end, bytes.size()));
     }
@@ -48,7 +49,6 @@ public:
     std::uint64_t count() const noexcept { return m_flushed + m_size; }
 
 private:
-    void appendLong(std::string_view bytes);
     void flush();
 
     std::FILE* m_file;

@@ -1,208 +1,126 @@
 #include "dxf/HeaderExtents.h"
 
-#include "dxf/DxfSectionHeader.h"
+#include "base/FormatFixed.h"
 #include "support/Images.h"
-#include "template/DxfError.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <optional>
-#include <stdexcept>
-#include <string>
 
 using namespace rasterplan;
 using namespace rasterplan::test;
-using enum TopLevelKey;
 
 namespace {
 
-constexpr const wchar_t* axisKeys[] = {L"#VEXO_EXTVARX_VALUE#", L"#VEXO_EXTVARY_VALUE#",
-                                       L"#VEXO_EXTVARZ_VALUE#"};
+using Limits = std::numeric_limits<double>;
+using Point = MathPoint3d;
 
-/// A registry with the three header sections that images change.
-class HeaderExtents : public testing::Test {
-protected:
-    HeaderExtents() {
-        registry.fileSection(headerExtMin, DxfHeaderSection_EXTMIN());
-        registry.fileSection(headerExtMax, DxfHeaderSection_EXTMAX());
-        registry.fileSection(headerInsUnits, DxfHeaderSection_INSUNITS());
-    }
+/// The extents of these images, in this order.
+HeaderExtents extentsOf(std::initializer_list<ImageParam> images) {
+    HeaderExtents extents;
+    for (const ImageParam& image : images)
+        extents.updateHeaderFromImage(image);
+    return extents;
+}
 
-    std::wstring extMin() const { return values(headerExtMin); }
-    std::wstring extMax() const { return values(headerExtMax); }
-    std::wstring unit() const {
-        return registry.getSectionValue(headerInsUnits, L"#VEXO_INSUNIT_UNIT_VALUE#");
-    }
-
-    DxfSectionRegistry registry;
-
-private:
-    std::wstring values(TopLevelKey section) const {
-        std::wstring text;
-        for (const wchar_t* const key : axisKeys)
-            text += (text.empty() ? L"" : L" ") + registry.getSectionValue(section, key);
-        return text;
-    }
-};
-
-std::wstring messageOfUpdate(DxfSectionRegistry& registry, const ImageParam& image) {
-    try {
-        updateHeaderFromImage(registry, image);
-    } catch (const DxfError& error) {
-        return error.message();
-    }
-    return L"none";
+/// An image in the yz plane, so that its far corner has its own x.
+ImageParam standingAt(double x) {
+    return imageAt({x, 0, 1}, {x, 0, 0}, {x, 1, 0});
 }
 
 } // namespace
 
-TEST_F(HeaderExtents, AreThoseOfASingleImage) {
-    updateHeaderFromImage(registry, levelImage({1, 2, 3}, 1, 0.5));
-    EXPECT_EQ(extMin(), L"1.00000000000000000 2.00000000000000000 3.00000000000000000");
-    EXPECT_EQ(extMax(), L"2.00000000000000000 2.50000000000000000 3.00000000000000000");
+TEST(HeaderExtents, WithoutImagesAreTheLimitsAndMetres) {
+    const HeaderExtents extents;
+    EXPECT_EQ(extents.min(), Point(Limits::max(), Limits::max(), Limits::max()));
+    EXPECT_EQ(extents.max(), Point(Limits::min(), Limits::min(), Limits::min()));
+    EXPECT_EQ(extents.unit(), 6);
 }
 
-TEST_F(HeaderExtents, StayAtZeroAboveImagesBelowZero) {
-    updateHeaderFromImage(registry, levelImage({-10, 1, -5}, 4, 2));
-    EXPECT_EQ(extMin(), L"-10.00000000000000000 1.00000000000000000 -5.00000000000000000");
-    EXPECT_EQ(extMax(), L"0.00000000000000000 3.00000000000000000 0.00000000000000000");
+TEST(HeaderExtents, AreThoseOfASingleImage) {
+    const HeaderExtents extents = extentsOf({levelImage({1, 2, 3}, 1, 0.5)});
+    EXPECT_EQ(extents.min(), Point(1, 2, 3));
+    EXPECT_EQ(extents.max(), Point(2, 2.5, 3));
 }
 
-TEST_F(HeaderExtents, MinimumIsTheLeastLeftBottomCornerOfEachAxis) {
-    updateHeaderFromImage(registry, levelImage({5, -2, 3}, 1, 1));
-    updateHeaderFromImage(registry, levelImage({4, 7, 3}, 1, 1));
-    // U and V point towards lower coordinates, but only the left-bottom corner counts.
-    updateHeaderFromImage(registry, imageAt({9, -90, 9}, {9, 9, 9}, {-90, 9, 9}));
-    EXPECT_EQ(extMin(), L"4.00000000000000000 -2.00000000000000000 3.00000000000000000");
+TEST(HeaderExtents, StayAtZeroAboveImagesBelowZero) {
+    const HeaderExtents extents = extentsOf({levelImage({-10, 1, -5}, 4, 2)});
+    EXPECT_EQ(extents.min(), Point(-10, 1, -5));
+    EXPECT_EQ(extents.max(), Point(Limits::min(), 3, Limits::min()));
 }
 
-TEST_F(HeaderExtents, FarCornerCountsOnlyWhereTheTestValueIsAbove) {
-    updateHeaderFromImage(registry, levelImage({0, 0, 0}, 100, 10));
-    EXPECT_EQ(extMax(), L"100.00000000000000000 10.00000000000000000 0.00000000000000000");
-    // Its far corner is (250, 15), its test value (51, 11).
-    updateHeaderFromImage(registry, levelImage({50, 10, 0}, 200, 5));
-    EXPECT_EQ(extMax(), L"100.00000000000000000 15.00000000000000000 0.00000000000000000");
+TEST(HeaderExtents, MinimumIsTheLeastLeftBottomCornerOfEachAxis) {
+    // U and V of the last image point towards lower coordinates, but only the left-bottom corner counts.
+    EXPECT_EQ(extentsOf({levelImage({5, -2, 3}, 1, 1), levelImage({4, 7, 3}, 1, 1),
+                         imageAt({9, -90, 9}, {9, 9, 9}, {-90, 9, 9})})
+                  .min(),
+              Point(4, -2, 3));
 }
 
-TEST_F(HeaderExtents, LowerFarCornerReplacesAHigherOneBelowTheTestValue) {
-    updateHeaderFromImage(registry, levelImage({0, 0, 0}, 100, 1));
-    updateHeaderFromImage(registry, levelImage({99.5, 0, 0}, 0.25, 1));
-    EXPECT_EQ(extMax(), L"99.75000000000000000 1.00000000000000000 0.00000000000000000");
+TEST(HeaderExtents, FarCornerCountsOnlyWhereTheTestValueIsAbove) {
+    // The far corner of the second image is (250, 15), its test value (51, 11).
+    EXPECT_EQ(extentsOf({levelImage({0, 0, 1}, 100, 10), levelImage({50, 10, 1}, 200, 5)}).max(),
+              Point(100, 15, 1));
 }
 
-TEST_F(HeaderExtents, EqualTestValueChangesNothing) {
-    updateHeaderFromImage(registry, levelImage({0, 0, 0}, 8, 8));
-    updateHeaderFromImage(registry, levelImage({7, 7, 0}, 3, 3));
-    EXPECT_EQ(extMax(), L"8.00000000000000000 8.00000000000000000 0.00000000000000000");
+TEST(HeaderExtents, LowerFarCornerReplacesAHigherOneBelowTheTestValue) {
+    EXPECT_EQ(extentsOf({levelImage({0, 0, 1}, 100, 1), levelImage({99.5, 0, 1}, 0.25, 1)}).max(),
+              Point(99.75, 1, 1));
 }
 
-TEST_F(HeaderExtents, LastImageDecidesTheUnit) {
+TEST(HeaderExtents, EqualTestValueChangesNothing) {
+    EXPECT_EQ(extentsOf({levelImage({0, 0, 1}, 8, 8), levelImage({7, 7, 1}, 3, 3)}).max(), Point(8, 8, 1));
+}
+
+TEST(HeaderExtents, LastImageDecidesTheUnit) {
+    HeaderExtents extents;
     ImageParam image = levelImage({0, 0, 0}, 1, 1);
-    image.setDrawingUnit(Millimeters);
-    updateHeaderFromImage(registry, image);
-    EXPECT_EQ(unit(), L"4");
-    image.setDrawingUnit(USSurveyFeet);
-    updateHeaderFromImage(registry, image);
-    EXPECT_EQ(unit(), L"21");
-    image.setDrawingUnit(Unitless);
-    updateHeaderFromImage(registry, image);
-    EXPECT_EQ(unit(), L"0");
-}
-
-TEST_F(HeaderExtents, EmptyMinimumIsNamedAndNothingChanges) {
-    for (const wchar_t* const key : axisKeys) {
-        registry.setSectionValue(headerExtMin, key, L"");
-        const std::wstring minimum = extMin();
-        EXPECT_EQ(messageOfUpdate(registry, levelImage({1, 2, 3}, 1, 1)),
-                  L"Failure while setting Map: VEXO_HEADER_EXTMIN");
-        EXPECT_EQ(extMin(), minimum);
-        registry.setSectionValue(headerExtMin, key, 1e9);
+    for (const DrawingUnit unit : {Millimeters, USSurveyFeet, Unitless}) {
+        image.setDrawingUnit(unit);
+        extents.updateHeaderFromImage(image);
+        EXPECT_EQ(extents.unit(), unit);
     }
-    EXPECT_EQ(extMax(), L"0.00000000000000000 0.00000000000000000 0.00000000000000000");
-    EXPECT_EQ(unit(), L"6");
 }
 
-TEST_F(HeaderExtents, EmptyMaximumIsNamedAndTheMinimumStays) {
-    for (const wchar_t* const key : axisKeys) {
-        registry.setSectionValue(headerExtMax, key, L"");
-        EXPECT_EQ(messageOfUpdate(registry, levelImage({1, 2, 3}, 1, 1)),
-                  L"Failure while setting Map: VEXO_HEADER_EXMAX");
-        registry.setSectionValue(headerExtMax, key, 0.0);
-    }
-    EXPECT_EQ(extMin(), L"1.00000000000000000 2.00000000000000000 3.00000000000000000");
-    EXPECT_EQ(extMax(), L"0.00000000000000000 0.00000000000000000 0.00000000000000000");
+TEST(HeaderExtents, CoordinateThatIsNoNumberIsNotTaken) {
+    const double nan = Limits::quiet_NaN();
+    const HeaderExtents extents = extentsOf({imageAt({nan, 1, 0}, {nan, 0, 0}, {nan, 0, 1})});
+    EXPECT_EQ(extents.min().x, Limits::max());
+    EXPECT_EQ(extents.max().x, Limits::min());
 }
 
-TEST(HeaderExtentsWithoutSections, AreNamed) {
-    DxfSectionRegistry registry;
-    const ImageParam image = levelImage({1, 2, 3}, 1, 1);
-    EXPECT_EQ(messageOfUpdate(registry, image), L"Failure while setting Map: VEXO_HEADER_EXTMIN");
-    registry.fileSection(headerExtMin, DxfHeaderSection_EXTMIN());
-    EXPECT_EQ(messageOfUpdate(registry, image), L"Failure while setting Map: VEXO_HEADER_EXMAX");
-    registry.fileSection(headerExtMax, DxfHeaderSection_EXTMAX());
-    EXPECT_EQ(messageOfUpdate(registry, image), L"Failure while setting Map.");
-    EXPECT_EQ(registry.getSectionValue(headerExtMax, L"#VEXO_EXTVARX_VALUE#"), L"2.00000000000000000");
-    registry.fileSection(headerInsUnits, DxfHeaderSection_INSUNITS());
-    EXPECT_EQ(messageOfUpdate(registry, image), L"none");
+// Written, 1e-18 is zero, 1.6e-17 is 2e-17, and 0.01 a little more than itself.
+TEST(HeaderExtents, AreComparedAsTheyAreWritten) {
+    EXPECT_EQ(extentsOf({standingAt(1e-18), standingAt(5e-19)}).min().x, 1e-18);
+    EXPECT_EQ(extentsOf({standingAt(1e-18), standingAt(5e-19)}).max().x, 5e-19);
+    EXPECT_EQ(extentsOf({standingAt(1.6e-17), standingAt(1.8e-17)}).min().x, 1.8e-17);
+    EXPECT_EQ(extentsOf({standingAt(1.6e-17), standingAt(1.8e-17)}).max().x, 1.6e-17);
 }
 
-TEST(HeaderExtentsWithoutSections, NullSectionIsAnError) {
-    const ImageParam image = levelImage({1, 2, 3}, 1, 1);
-    DxfSectionRegistry withoutMinimum;
-    withoutMinimum.fileSection(headerExtMin, std::nullopt);
-    EXPECT_EQ(messageOfUpdate(withoutMinimum, image), L"Section NUll pointer");
-    DxfSectionRegistry withoutMaximum;
-    withoutMaximum.fileSection(headerExtMin, DxfHeaderSection_EXTMIN());
-    withoutMaximum.fileSection(headerExtMax, std::nullopt);
-    EXPECT_EQ(messageOfUpdate(withoutMaximum, image), L"Section NUll pointer");
+// A text is cut off behind 99 characters, so that a number of 100 digits reads as a tenth of it.
+TEST(HeaderExtents, AreComparedAsTheyAreCutOff) {
+    const auto far = [](double x) { return imageAt({x, 0, 1e90}, {x, 0, 0}, {x, 1e90, 0}); };
+    EXPECT_EQ(extentsOf({far(5e98)}).min().x, Limits::max());
+    EXPECT_EQ(extentsOf({far(1e98)}).min().x, 1e98);
+    EXPECT_EQ(extentsOf({far(6e99), far(7e98)}).max().x, 7e98);
+    EXPECT_EQ(extentsOf({far(6e98), far(5e98)}).max().x, 6e98);
 }
 
-TEST_F(HeaderExtents, StoredTextMustReadAsANumber) {
-    const ImageParam image = levelImage({1, 2, 3}, 1, 1);
-    for (const TopLevelKey section : {headerExtMin, headerExtMax}) {
-        registry.setSectionValue(section, L"#VEXO_EXTVARY_VALUE#", L"wide");
-        try {
-            updateHeaderFromImage(registry, image);
-            ADD_FAILURE() << "no number was needed";
-        } catch (const std::invalid_argument& error) {
-            EXPECT_STREQ(error.what(), "invalid stod argument");
-        }
-        registry.setSectionValue(section, L"#VEXO_EXTVARY_VALUE#", L"1e999");
-        try {
-            updateHeaderFromImage(registry, image);
-            ADD_FAILURE() << "no range was needed";
-        } catch (const std::out_of_range& error) {
-            EXPECT_STREQ(error.what(), "stod argument out of range");
-        }
-        registry.setSectionValue(section, L"#VEXO_EXTVARY_VALUE#", L" 2 m");
-    }
-    updateHeaderFromImage(registry, image);
-    EXPECT_EQ(extMin(), L"1.00000000000000000  2 m 3.00000000000000000");
-    EXPECT_EQ(extMax(), L"2.00000000000000000 3.00000000000000000 3.00000000000000000");
+TEST(HeaderExtents, KeepEveryBitOfSurveyCoordinates) {
+    const HeaderExtents extents = extentsOf({levelImage({3512345.1, 5401234.7, 0.1}, 20.3, 10.4)});
+    EXPECT_EQ(extents.min(), Point(3512345.1, 5401234.7, 0.1));
+    EXPECT_EQ(extents.max(), Point(3512365.4, 5401245.1000000006, 0.1));
 }
 
-TEST_F(HeaderExtents, CoordinateThatIsNoNumberIsNotTaken) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    updateHeaderFromImage(registry, imageAt({nan, 1, 0}, {nan, 0, 0}, {nan, 0, 1}));
-    EXPECT_EQ(extMax(), L"0.00000000000000000 0.00000000000000000 0.00000000000000000");
-    EXPECT_EQ(extMin().substr(0, 6), L"179769");
+TEST(HeaderExtents, FarCornerIsAddedFromTheWidthOn) {
+    const HeaderExtents extents =
+        extentsOf({imageAt({-0.4, 12.0, 5.1}, {0.9, 8.4, -0.1}, {2.8, 13.7, -0.4})});
+    EXPECT_EQ(extents.max(), Point(1.49999999999999978, 17.30000000000000071, 4.79999999999999893));
 }
 
-TEST_F(HeaderExtents, AreWrittenInFullForSurveyCoordinates) {
-    updateHeaderFromImage(registry, levelImage({3512345.1, 5401234.7, 0.1}, 20.3, 10.4));
-    EXPECT_EQ(extMin(), L"3512345.10000000009313226 5401234.70000000018626451 0.10000000000000001");
-    EXPECT_EQ(extMax(), L"3512365.39999999990686774 5401245.10000000055879354 0.10000000000000001");
-}
-
-TEST_F(HeaderExtents, FarCornerIsAddedFromTheWidthOn) {
-    updateHeaderFromImage(registry, imageAt({-0.4, 12.0, 5.1}, {0.9, 8.4, -0.1}, {2.8, 13.7, -0.4}));
-    EXPECT_EQ(extMax(), L"1.49999999999999978 17.30000000000000071 4.79999999999999893");
-}
-
-TEST_F(HeaderExtents, TestAddsUToTheCornerFirst) {
+TEST(HeaderExtents, TestAddsUToTheCornerFirst) {
     // U and V added first give the corner's x with the other sign: then zero would not be passed.
     const double x = -0x1.3352ad194722ap-1;
-    updateHeaderFromImage(registry, imageAt({x - 0.34, 2.94, 0}, {x, 2, 0}, {x + 0.94, 2.34, 0}));
-    EXPECT_EQ(registry.getSectionValue(headerExtMax, axisKeys[0]), L"-0.00024014409606732");
+    const HeaderExtents extents = extentsOf({imageAt({x - 0.34, 2.94, 0}, {x, 2, 0}, {x + 0.94, 2.34, 0})});
+    EXPECT_EQ(ZelkBase::formatFixed(extents.max().x, 17), "-0.00024014409606732");
 }
