@@ -2,13 +2,11 @@
 
 #include "Pieces.h"
 
-#include "dxf/DocumentAssembly.h"
-#include "facade/Flatten.h"
-#include "facade/ReferencePlane.h"
+#include "dxf/DxfSectionRegistry.h"
+#include "facade/MiddledImagePlane.h"
 
 #include <benchmark/benchmark.h>
 
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -24,7 +22,7 @@ void add(benchmark::State& state) {
     for (auto _ : state) {
         std::optional<Drawing> drawing(std::in_place);
         for (const ImageParam& image : images)
-            addImage(*drawing, image);
+            drawing->add(image);
         state.PauseTiming();
         drawing.reset();
         state.ResumeTiming();
@@ -33,19 +31,17 @@ void add(benchmark::State& state) {
 }
 BENCHMARK(add)->Unit(benchmark::kMicrosecond);
 
-void buildAndPopulate(benchmark::State& state) {
-    Drawing drawing = bench::drawingOf(pictures);
-    for (auto _ : state) {
-        auto registry = std::make_unique<DxfSectionRegistry>();
-        buildSections(*registry, drawing);
-        populateSections(*registry, drawing);
-        state.PauseTiming();
-        registry.reset();
-        state.ResumeTiming();
-    }
+void addDocument(benchmark::State& state, bool flattened) {
+    const Drawing drawing = bench::drawingOf(pictures);
+    std::optional<ReferencePlane> plane;
+    if (flattened)
+        plane = middledImagePlane(drawing);
+    for (auto _ : state)
+        DxfSectionRegistry(drawing).addDocument(plane);
     state.SetItemsProcessed(state.iterations() * pictures);
 }
-BENCHMARK(buildAndPopulate)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(addDocument, inSpace, false)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(addDocument, flattened, true)->Unit(benchmark::kMicrosecond);
 
 void proposePlane(benchmark::State& state) {
     const Drawing drawing = bench::drawingOf(pictures);
@@ -54,31 +50,5 @@ void proposePlane(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * pictures);
 }
 BENCHMARK(proposePlane)->Unit(benchmark::kMicrosecond);
-
-/// With the giving back of the flattened drawing.
-void flatten(benchmark::State& state) {
-    const Drawing drawing = bench::drawingOf(pictures);
-    const ReferencePlane plane = middledImagePlane(drawing);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(flattened(drawing, plane));
-    state.SetItemsProcessed(state.iterations() * pictures);
-}
-BENCHMARK(flatten)->Unit(benchmark::kMicrosecond);
-
-/// A drawing and its filled sections.
-void destroy(benchmark::State& state) {
-    for (auto _ : state) {
-        state.PauseTiming();
-        std::optional<Drawing> drawing(bench::drawingOf(pictures));
-        auto registry = std::make_unique<DxfSectionRegistry>();
-        buildSections(*registry, *drawing);
-        populateSections(*registry, *drawing);
-        state.ResumeTiming();
-        registry.reset();
-        drawing.reset();
-    }
-    state.SetItemsProcessed(state.iterations() * pictures);
-}
-BENCHMARK(destroy)->Unit(benchmark::kMicrosecond);
 
 } // namespace

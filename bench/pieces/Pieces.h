@@ -4,7 +4,6 @@
 #include "Scene.h"
 
 #include "dxf/Drawing.h"
-#include "facade/AddImage.h"
 
 #include <vector>
 
@@ -24,7 +23,7 @@ inline std::vector<ImageParam> imagesOf(int count) {
 inline rasterplan::Drawing drawingOf(int count) {
     rasterplan::Drawing drawing;
     for (const ImageParam& image : imagesOf(count))
-        rasterplan::addImage(drawing, image);
+        drawing.add(image);
     return drawing;
 }
 

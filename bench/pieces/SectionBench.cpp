@@ -1,68 +1,63 @@
-// What one section costs to fill and to render, and what a placeholder line with many sections costs.
+// What one record costs to render, and what the placeholder lines with a record per picture cost.
 
 #include "Pieces.h"
 
-#include "dxf/DocumentAssembly.h"
-#include "dxf/DxfSectionLineEntity.h"
+#include "dxf/DxfSectionRegistry.h"
+#include "facade/MiddledImagePlane.h"
 #include "template/OutputBuffer.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <memory>
+#include <optional>
 
 namespace {
 
 using namespace rasterplan;
 
-void fill(DxfSection& section) {
-    constexpr auto& rows = lineEntityRows;
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINEHANDLE#"], Handle{0x12345});
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_STARTPNTX#"], 4468841.904);
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_STARTPNTY#"], 5334971.055);
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_STARTPNTZ#"], 564.285);
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_ENDPNTX#"], 4468855.941);
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_ENDPNTY#"], 5334971.055);
-    section.setPlaceholderValue(rows[L"#VEXO_ENTITYLINE_ENDPNTZ#"], 564.285);
-}
+/// Bytes that go nowhere.
+class Nowhere {
+public:
+    OutputBuffer& out() { return m_out; }
 
-void fillSection(benchmark::State& state) {
-    for (auto _ : state) {
-        DxfSectionLineEntity section;
-        fill(section);
-        benchmark::DoNotOptimize(section);
-    }
-}
-BENCHMARK(fillSection);
+private:
+    struct Close {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    std::unique_ptr<std::FILE, Close> m_file{std::fopen("/dev/null", "wb")};
+    OutputBuffer m_out{m_file.get()};
+};
 
 void renderSection(benchmark::State& state) {
-    std::FILE* const nowhere = std::fopen("/dev/null", "wb");
-    DxfSectionLineEntity section;
-    fill(section);
-    {
-        OutputBuffer out(nowhere);
-        for (auto _ : state)
-            section.render(out);
-    }
-    std::fclose(nowhere);
+    Nowhere nowhere;
+    const DxfLineObj line({4468841.904, 5334971.055, 564.285}, {4468855.941, 5334971.055, 564.285});
+    for (auto _ : state)
+        line.createSection(Handle{0x12345}).render(nowhere.out());
 }
 BENCHMARK(renderSection);
 
-/// IMAGE entities, one per picture.
-void renderPlaceholder(benchmark::State& state) {
-    std::FILE* const nowhere = std::fopen("/dev/null", "wb");
-    const auto sections = static_cast<int>(state.range(0));
-    Drawing drawing = bench::drawingOf(sections);
-    DxfSectionRegistry registry;
-    buildSections(registry, drawing);
-    populateSections(registry, drawing);
-    {
-        OutputBuffer out(nowhere);
-        for (auto _ : state)
-            registry.renderPlaceholder(L"#VEXO_ENTITY_IMAGE#", out);
-    }
-    std::fclose(nowhere);
-    state.SetItemsProcessed(state.iterations() * sections);
+void renderPlaceholder(benchmark::State& state, TopLevelKey key, bool flattened) {
+    constexpr int pictures = 1000;
+    Nowhere nowhere;
+    const Drawing drawing = bench::drawingOf(pictures);
+    DxfSectionRegistry registry(drawing);
+    std::optional<ReferencePlane> plane;
+    if (flattened)
+        plane = middledImagePlane(drawing);
+    registry.addDocument(plane);
+    for (auto _ : state)
+        registry.renderPlaceholder(key, nowhere.out());
+    state.SetItemsProcessed(state.iterations() * pictures);
 }
-BENCHMARK(renderPlaceholder)->Arg(1000)->Unit(benchmark::kMicrosecond);
+#define OF_EACH_PICTURE(name, key)                                                                           \
+    BENCHMARK_CAPTURE(renderPlaceholder, name, key, false)->Unit(benchmark::kMicrosecond);                   \
+    BENCHMARK_CAPTURE(renderPlaceholder, name##Flattened, key, true)->Unit(benchmark::kMicrosecond)
+
+OF_EACH_PICTURE(images, TopLevelKey::EntityImage);
+OF_EACH_PICTURE(lines, TopLevelKey::EntityLine);
+OF_EACH_PICTURE(definitions, TopLevelKey::ObjectImageDef);
+OF_EACH_PICTURE(reactors, TopLevelKey::ObjectImageDefReactor);
+OF_EACH_PICTURE(dictionary, TopLevelKey::ObjectDictionary);
 
 } // namespace
