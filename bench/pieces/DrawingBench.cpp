@@ -16,7 +16,7 @@ using namespace rasterplan;
 
 constexpr int pictures = 1000;
 
-/// The pictures are there before; giving the drawing back is not counted.
+// The pictures are there before; giving the drawing back is not counted.
 void add(benchmark::State& state) {
     const std::vector<ImageParam> images = bench::imagesOf(pictures);
     for (auto _ : state) {

@@ -26,7 +26,7 @@ Numbers uniform(double low, double high) {
     return numbers;
 }
 
-/// Decimal steps as in pixel sizes, and counts, in turn.
+// Decimal steps as in pixel sizes, and counts, in turn.
 Numbers plain() {
     Numbers numbers(numberCount);
     for (std::size_t i = 0; i < numberCount; ++i)

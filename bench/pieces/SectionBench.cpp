@@ -16,7 +16,7 @@ namespace {
 
 using namespace rasterplan;
 
-/// Bytes that go nowhere.
+// Bytes that go nowhere.
 class Nowhere {
 public:
     OutputBuffer& out() { return m_out; }

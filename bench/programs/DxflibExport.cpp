@@ -35,7 +35,7 @@ public:
         : m_dxf(dxf)
         , m_writer(writer) {}
 
-    /// Returns the handle of the definition.
+    // Returns the handle of the definition.
     unsigned long image(const DL_ImageData& image) { return m_dxf.writeImage(m_writer, image, m_attributes); }
     void line(const Point& a, const Point& b) {
         m_dxf.writeLine(m_writer, DL_LineData(a.x, a.y, a.z, b.x, b.y, b.z), m_attributes);

@@ -17,7 +17,7 @@ namespace {
 
 long allocations = 0;
 
-/// Prints the CPU time and the allocations of each step on its way.
+// Prints the CPU time and the allocations of each step on its way.
 class StepClock {
 public:
     void endOfStep(const char* name) {

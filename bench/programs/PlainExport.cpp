@@ -49,7 +49,7 @@ public:
         text("\r\n");
     }
 
-    /// Writes what stands for a line of the template that begins with '#'.
+    // Writes what stands for a line of the template that begins with '#'.
     void expand(std::string_view key) {
         if (key == "#VEXO_HEADER_EXTMIN#")
             writeVariable("$EXTMIN", m_drawing.min());
@@ -238,7 +238,7 @@ private:
     char* m_end;
 };
 
-/// Copies the template line by line, expanding those that begin with '#'.
+// Copies the template line by line, expanding those that begin with '#'.
 template <typename Numbers>
 void write(const Drawing& drawing, std::FILE* templateFile, std::FILE* output) {
     Writer<Numbers> writer(drawing, output);

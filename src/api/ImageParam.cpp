@@ -17,7 +17,7 @@ namespace {
 constexpr double defaultPixelsPerUnit = 100.0;
 constexpr double unknownPixelSize = 10.0;
 
-/// Indexed by DrawingUnit. The astronomical ones are rounded like this on purpose: drawings are compared.
+// Indexed by DrawingUnit. The astronomical ones are rounded like this on purpose: drawings are compared.
 constexpr std::array<double, 22> metresPerUnit{
     1.0,               // Unitless
     0.0254,            // Inches
@@ -47,7 +47,7 @@ bool isKnown(DrawingUnit unit) noexcept {
     return static_cast<std::uint32_t>(unit) < metresPerUnit.size();
 }
 
-/// Puts `path` in the place of another, which is freed with its last image. A member would be exported.
+// Puts `path` in the place of another, which is freed with its last image. A member would be exported.
 template <typename Path>
 void replacePath(Path*& place, Path* path) noexcept {
     Path* const before = std::exchange(place, path);
@@ -57,8 +57,8 @@ void replacePath(Path*& place, Path* path) noexcept {
 
 } // namespace
 
-/// The path of an image and of all its copies. It never changes, so that they share it: a copy takes no
-/// memory.
+// The path of an image and of all its copies. It never changes, so that they share it: a copy takes no
+// memory.
 struct ImageParam::Path {
     std::wstring text;
     std::atomic<std::uint32_t> images{1};

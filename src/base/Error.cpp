@@ -7,7 +7,6 @@
 #endif
 
 namespace ZelkBase {
-
 namespace {
 
 std::string describe(const Text& message) {

@@ -3,15 +3,14 @@
 #include "base/Error.h"
 
 namespace ZelkBase {
-
 namespace {
 
-/// The value of a decimal digit, or -1.
+// The value of a decimal digit, or -1.
 int digitValue(wchar_t character) noexcept {
     return character >= L'0' && character <= L'9' ? static_cast<int>(character - L'0') : -1;
 }
 
-/// Whether the percent sign at `position` is the last of an even count of them.
+// Whether the percent sign at `position` is the last of an even count of them.
 bool isEscaped(std::wstring_view text, std::size_t position) noexcept {
     const std::size_t before = text.find_last_not_of(L'%', position);
     const std::size_t first = before == std::wstring_view::npos ? 0 : before + 1;

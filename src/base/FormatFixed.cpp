@@ -14,7 +14,7 @@ namespace {
 
 static_assert(std::numeric_limits<double>::is_iec559, "numbers are taken apart by their bits");
 
-/// "00" to "99", one after the other.
+// "00" to "99", one after the other.
 constexpr auto digitPairs = [] {
     std::array<char, 200> pairs{};
     for (std::size_t i = 0; i < 100; ++i) {
@@ -24,7 +24,7 @@ constexpr auto digitPairs = [] {
     return pairs;
 }();
 
-/// Writes a number below 10^8 with leading zeros.
+// Writes a number below 10^8 with leading zeros.
 void writeEightDigits(std::uint32_t number, char* out) noexcept {
     const std::size_t high = number / 10'000;
     const std::size_t low = number % 10'000;
@@ -34,7 +34,7 @@ void writeEightDigits(std::uint32_t number, char* out) noexcept {
     std::memcpy(out + 6, &digitPairs[2 * (low % 100)], 2);
 }
 
-/// The upper half of the 128-bit product, with its lowest bit set where the lower half is not zero.
+// The upper half of the 128-bit product, with its lowest bit set where the lower half is not zero.
 std::uint64_t multiplyHighSticky(std::uint64_t number, std::uint64_t factor) noexcept {
     constexpr std::uint64_t lowMask = 0xFFFFFFFF;
     const std::uint64_t lowLow = (number & lowMask) * (factor & lowMask);
@@ -46,7 +46,7 @@ std::uint64_t multiplyHighSticky(std::uint64_t number, std::uint64_t factor) noe
     return (highHigh + (highLow >> 32) + (middle >> 32)) | (rest != 0 ? 1 : 0);
 }
 
-/// Any value and any number of decimals, slowly.
+// Any value and any number of decimals, slowly.
 char* formatByLibrary(double value, int precision, char* out) noexcept {
     if (std::isnan(value))
         return std::copy_n("nan", 3, out);

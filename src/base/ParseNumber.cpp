@@ -21,8 +21,8 @@ bool startsWithOneOf(std::string_view text, std::string_view characters) {
     return !text.empty() && characters.find(text.front()) != std::string_view::npos;
 }
 
-/// Whether `text` is "0x" and at least one digit, before or behind a point. Without a digit the "0" alone
-/// counts.
+// Whether `text` is "0x" and at least one digit, before or behind a point. Without a digit the "0" alone
+// counts.
 bool startsHexadecimal(std::string_view text) {
     if (!text.starts_with("0x") && !text.starts_with("0X"))
         return false;

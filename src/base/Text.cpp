@@ -9,10 +9,9 @@
 #include <stdexcept>
 
 namespace ZelkBase {
-
 namespace {
 
-/// 0 for a text that does not begin with a number, NaN for a number that no double can hold.
+// 0 for a text that does not begin with a number, NaN for a number that no double can hold.
 double readReal(std::wstring_view text) {
     try {
         return parseNumber(text);
@@ -23,7 +22,7 @@ double readReal(std::wstring_view text) {
     }
 }
 
-/// 0 for a text that does not begin with an integer; the nearest limit for one beyond 32 bits.
+// 0 for a text that does not begin with an integer; the nearest limit for one beyond 32 bits.
 std::int32_t readInteger(std::wstring_view text) {
     using Limits = std::numeric_limits<std::int32_t>;
     text.remove_prefix(std::min(text.find_first_not_of(L" \t\n\v\f\r"), text.size()));

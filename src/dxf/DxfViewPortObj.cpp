@@ -11,7 +11,7 @@
 namespace rasterplan {
 
 DxfSectionTable_VPORT DxfViewPortObj::createSection() const {
-    const MathPoint3d target = m_worldToPlane.inverse().transform(m_planeBox.centre());
+    const MathPoint3d target = m_worldToPlane.inverse().transform(m_planeBox.center());
     const double width = m_planeBox.max().x - m_planeBox.min().x;
     const double height = m_planeBox.max().y - m_planeBox.min().y;
     return {m_viewDirection, target, std::abs(height), width / height, m_twist};

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Answers the failures that a host gets as a result; every other exception passes on to it.
+// Answers the failures that a host gets as a result; every other exception passes on to it.
 template <typename Operation>
 RasterPlanWriter::ErrorEnum mapFailures(const Operation& operation) {
     try {

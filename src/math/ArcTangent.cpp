@@ -10,26 +10,26 @@
 namespace rasterplan {
 namespace {
 
-/// A number as the sum of a double and what that lacks: about 32 decimal digits.
+// A number as the sum of a double and what that lacks: about 32 decimal digits.
 struct Twofold {
     double high;
     double low;
 };
 
-/// a + b, where a is not the smaller one.
+// a + b, where a is not the smaller one.
 Twofold sumInOrder(double a, double b) noexcept {
     const double sum = a + b;
     return {sum, b - (sum - a)};
 }
 
-/// Exactly a + b.
+// Exactly a + b.
 Twofold exactSum(double a, double b) noexcept {
     const double sum = a + b;
     const double ofB = sum - a;
     return {sum, (a - (sum - ofB)) + (b - ofB)};
 }
 
-/// Exactly a * b: both are cut into halves whose products fit into a double.
+// Exactly a * b: both are cut into halves whose products fit into a double.
 Twofold exactProduct(double a, double b) noexcept {
     constexpr double cut = 134217729; // 2^27 + 1
     const double aHigh = cut * a - (cut * a - a);
@@ -66,7 +66,7 @@ Twofold squareRoot(const Twofold& a) noexcept {
     return sumInOrder(first, rest.high / (2 * first));
 }
 
-/// The arc tangent of a number from 0 to 1.
+// The arc tangent of a number from 0 to 1.
 Twofold arcTangentOf(Twofold tangent) noexcept {
     // Halving the angle three times brings the tangent below 0.1 ...
     constexpr Twofold one{1, 0};

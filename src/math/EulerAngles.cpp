@@ -7,13 +7,12 @@
 #include <utility>
 
 namespace rasterplan {
-
 namespace {
 
-/// Below this the first and third axes count as one: what still tells them apart is noise.
+// Below this the first and third axes count as one: what still tells them apart is noise.
 constexpr double gimbalLimit = 16 * FLT_EPSILON;
 
-/// An order number taken apart: the axes in turn, and what is to be done to their angles.
+// An order number taken apart: the axes in turn, and what is to be done to their angles.
 struct Order {
     int i, j, k;
     bool odd, repeated, rotating;
@@ -25,7 +24,7 @@ Order orderOf(int number) noexcept {
     return {i, (i + (odd ? 2 : 1)) % 3, (i + (odd ? 1 : 2)) % 3, odd, (number & 2) != 0, (number & 1) != 0};
 }
 
-/// Angles about axes that follow each other evenly, the first again at the end.
+// Angles about axes that follow each other evenly, the first again at the end.
 EulerAngles repeatedAxis(const MathMatrix& m, const Order& o) noexcept {
     const double sine = std::sqrt(m(o.i, o.j) * m(o.i, o.j) + m(o.i, o.k) * m(o.i, o.k));
     const double second = arcTangent(sine, m(o.i, o.i));
@@ -34,7 +33,7 @@ EulerAngles repeatedAxis(const MathMatrix& m, const Order& o) noexcept {
     return {arcTangent(-m(o.j, o.k), m(o.j, o.j)), second, 0};
 }
 
-/// Angles about three axes that follow each other evenly.
+// Angles about three axes that follow each other evenly.
 EulerAngles threeAxes(const MathMatrix& m, const Order& o) noexcept {
     const double cosine = std::sqrt(m(o.i, o.i) * m(o.i, o.i) + m(o.j, o.i) * m(o.j, o.i));
     const double second = arcTangent(-m(o.k, o.i), cosine);

@@ -25,7 +25,7 @@ public:
     }
 
     /// (max - min) * 0.5 + min; the zero point for the empty box.
-    MathPoint3d centre() const noexcept { return m_min + (m_max - m_min) * 0.5; }
+    MathPoint3d center() const noexcept { return m_min + (m_max - m_min) * 0.5; }
 
 private:
     static double lower(double bound, double value) noexcept { return value < bound ? value : bound; }

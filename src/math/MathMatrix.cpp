@@ -8,14 +8,13 @@
 #include <utility>
 
 namespace rasterplan {
-
 namespace {
 
-/// Takes the place of a pivot that is exactly 0.
+// Takes the place of a pivot that is exactly 0.
 constexpr double smallestPivot = 1e-20;
 
-/// Subtracts from b(row, column) the products of a's row with b's column from `first` to before `last`. One
-/// by one and in this order: it decides the last digits of every inverse.
+// Subtracts from b(row, column) the products of a's row with b's column from `first` to before `last`. One
+// by one and in this order: it decides the last digits of every inverse.
 void eliminate(const MathMatrix& a, MathMatrix& b, int row, int column, int first, int last) {
     double value = b(row, column);
     for (int k = first; k < last; ++k)
@@ -28,7 +27,7 @@ void swapRows(MathMatrix& matrix, int a, int b) {
         std::swap(matrix(a, column), matrix(b, column));
 }
 
-/// 1 / the largest absolute element of each row.
+// 1 / the largest absolute element of each row.
 std::vector<double> rowScales(const MathMatrix& matrix) {
     std::vector<double> scales;
     for (int row = 0; row < matrix.rows(); ++row) {
@@ -42,7 +41,7 @@ std::vector<double> rowScales(const MathMatrix& matrix) {
     return scales;
 }
 
-/// The row at or below `column` that serves best as its pivot; the later one among equals.
+// The row at or below `column` that serves best as its pivot; the later one among equals.
 int pivotRow(const MathMatrix& lu, const std::vector<double>& scales, int column) {
     int best = column;
     double largest = 0.0;
@@ -56,8 +55,8 @@ int pivotRow(const MathMatrix& lu, const std::vector<double>& scales, int column
     return best;
 }
 
-/// Replaces a square matrix by its factors: L below the diagonal, whose own diagonal is 1, and U from the
-/// diagonal on, column by column (Crout). Returns which row of the matrix stands in each row of the factors.
+// Replaces a square matrix by its factors: L below the diagonal, whose own diagonal is 1, and U from the
+// diagonal on, column by column (Crout). Returns which row of the matrix stands in each row of the factors.
 std::vector<int> decompose(MathMatrix& matrix) {
     const int n = matrix.rows();
     std::vector<double> scales = rowScales(matrix);

@@ -3,7 +3,6 @@
 #include "math/MathError.h"
 
 namespace rasterplan {
-
 namespace {
 
 double sumOfProducts(const MathVector3d& normal, const MathPoint3d& point) noexcept {

@@ -12,14 +12,14 @@
 namespace rasterplan {
 namespace {
 
-/// A part of the memory and, where it is that of a file, the file.
+// A part of the memory and, where it is that of a file, the file.
 struct Mapping {
     std::uintptr_t begin = 0;
     std::uintptr_t end = 0;
     std::string_view path;
 };
 
-/// One line of the system's list, "55d0-55e0 r-xp 0000 fe:01 1234   /folder/file".
+// One line of the system's list, "55d0-55e0 r-xp 0000 fe:01 1234   /folder/file".
 Mapping parseMapping(std::string_view line) {
     const char* const last = line.data() + line.size();
     Mapping mapping;
@@ -31,7 +31,7 @@ Mapping parseMapping(std::string_view line) {
     return mapping;
 }
 
-/// The list shows a line feed in a path as "\012", and just so a backslash with these digits.
+// The list shows a line feed in a path as "\012", and just so a backslash with these digits.
 std::filesystem::path listedPath(std::string_view listed) {
     std::filesystem::path asListed = listed;
     std::error_code ignored;

@@ -8,12 +8,12 @@ namespace {
 enum class LineEnd {
     LineFeed,
     File,
-    TooLong, ///< The line goes on, but no more of it is read.
+    TooLong, // The line goes on, but no more of it is read.
     Error,
 };
 
-/// Reads the next line without its end, to which a CR directly before the line feed belongs. Nothing here
-/// depends on the system's text mode.
+// Reads the next line without its end, to which a CR directly before the line feed belongs. Nothing here
+// depends on the system's text mode.
 LineEnd readLine(std::FILE* source, std::string& line) {
     line.clear();
     int c = 0;

@@ -28,7 +28,7 @@ RasterPlanWriter::ErrorEnum added(const ImageParam& image) {
     return facade.add(image);
 }
 
-/// Each of the nine coordinates of three good corners in turn.
+// Each of the nine coordinates of three good corners in turn.
 template <typename Visitor>
 void forEachCoordinateReplaced(double value, const Visitor& visit) {
     for (int i = 0; i < 9; ++i) {

@@ -11,7 +11,6 @@
 #include <utility>
 
 namespace rasterplan::test {
-
 namespace {
 
 double number(const std::string& text) {
@@ -27,10 +26,9 @@ TripleDouble triple(const DxfRecord& record, int code) {
 }
 
 const DxfRecord& withHandle(const std::vector<DxfRecord>& records, const std::string& handle) {
-    for (const DxfRecord& record : records) {
+    for (const DxfRecord& record : records)
         if (record.handle() == handle)
             return record;
-    }
     throw std::runtime_error("no record has the handle " + handle);
 }
 
@@ -64,10 +62,9 @@ std::vector<std::string> ExportedDrawing::variable(std::string_view name) const 
 }
 
 const DxfRecord& ExportedDrawing::first(std::string_view type) const {
-    for (const DxfRecord& record : records) {
+    for (const DxfRecord& record : records)
         if (record.type == type)
             return record;
-    }
     throw std::runtime_error("no " + std::string(type));
 }
 
@@ -90,10 +87,9 @@ ExportedDrawing readDrawing(std::string bytes) {
     std::vector<DxfRecord> records = readRecords(readGroups(bytes));
     ExportedDrawing drawing = readShapes(records);
     auto image = drawing.images.begin();
-    for (const DxfRecord& record : records) {
+    for (const DxfRecord& record : records)
         if (record.type == "IMAGE")
             (image++)->path = withHandle(records, record.value(340)).value(1);
-    }
     drawing.bytes = std::move(bytes);
     drawing.records = std::move(records);
     return drawing;

@@ -18,7 +18,7 @@ const TripleDouble origin(1.0, 2.0, 3.0);
 const TripleDouble xAxis(1.0, 0.0, 0.0);
 const TripleDouble yAxis(0.0, 1.0, 0.0);
 
-/// An output file in a folder of its own.
+// An output file in a folder of its own.
 class Facade : public ::testing::Test {
 protected:
     RasterPlanWriter newFacade(const char* name = "drawing.dxf") const {
@@ -216,11 +216,10 @@ TEST_F(Facade, FlatteningLeavesTheStoredDrawingAsItWas) {
     std::vector<DxfRecord> inSpace;
     std::size_t pictures = 0;
     std::size_t lines = 0;
-    for (const DxfRecord& record : readRecords(readGroups(bytes()))) {
+    for (const DxfRecord& record : readRecords(readGroups(bytes())))
         if ((record.type == "IMAGE" && ++pictures > images.size()) ||
             (record.type == "LINE" && ++lines > 6 * images.size()))
             inSpace.push_back(record);
-    }
     EXPECT_EQ(corners(readShapes(inSpace)), expected);
 
     TripleDouble o2;

@@ -21,7 +21,7 @@ using namespace rasterplan::test;
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-/// Three directions at right angles, of length 1: x and y span a plane, z looks out of it.
+// Three directions at right angles, of length 1: x and y span a plane, z looks out of it.
 struct Frame {
     TripleDouble x;
     TripleDouble y;
@@ -30,7 +30,7 @@ struct Frame {
 
 const Frame wall{{1, 0, 0}, {0, 0, 1}, {0, -1, 0}};
 
-/// Random numbers that are the same everywhere.
+// Random numbers that are the same everywhere.
 class Chance {
 public:
     explicit Chance(unsigned seed)
@@ -53,10 +53,10 @@ public:
         TripleDouble other = point(1);
         while (length(x) < 0.1)
             x = point(1);
-        x = normalised(x);
+        x = normalized(x);
         while (length(cross(x, other)) < 0.1)
             other = point(1);
-        const TripleDouble z = normalised(cross(x, other));
+        const TripleDouble z = normalized(cross(x, other));
         return {x, cross(z, x), z};
     }
 
@@ -64,10 +64,10 @@ private:
     std::mt19937_64 m_engine;
 };
 
-/// A frame leaning against another by about `angle` in a random direction.
+// A frame leaning against another by about `angle` in a random direction.
 Frame leaning(const Frame& frame, Chance& chance, double angle) {
-    const TripleDouble z = normalised(plus(frame.z, times(chance.point(1), angle)));
-    const TripleDouble x = normalised(cross(plus(frame.y, times(chance.point(1), angle)), z));
+    const TripleDouble z = normalized(plus(frame.z, times(chance.point(1), angle)));
+    const TripleDouble x = normalized(cross(plus(frame.y, times(chance.point(1), angle)), z));
     return {x, cross(z, x), z};
 }
 
@@ -95,7 +95,7 @@ std::vector<TripleDouble> cornersOf(const ExportedImage& image) {
     return {image.leftBottom, image.rightBottom, image.leftTop};
 }
 
-/// Where a point of the drawing in space lies in the flattened one.
+// Where a point of the drawing in space lies in the flattened one.
 TripleDouble flattened(const TripleDouble& point, const TripleDouble& origin, const Frame& frame) {
     const TripleDouble moved = minus(point, origin);
     return {dot(frame.x, moved), dot(frame.y, moved) + origin.z, dot(frame.z, moved)};
@@ -105,12 +105,12 @@ double magnitude(const TripleDouble& a) {
     return largestDifference(a, {0, 0, 0});
 }
 
-/// The distance from `value` to the next number above.
+// The distance from `value` to the next number above.
 double unitInTheLastPlace(double value) {
     return std::nextafter(value, infinity) - value;
 }
 
-/// How far the four edges of an image's frame are from its picture, at most.
+// How far the four edges of an image's frame are from its picture, at most.
 double frameOffPicture(const ExportedDrawing& drawing, std::size_t image) {
     const ExportedImage& picture = drawing.images[image];
     const TripleDouble rightTop = plus(picture.rightBottom, minus(picture.leftTop, picture.leftBottom));
@@ -134,7 +134,7 @@ double largestCoordinate(const ExportedDrawing& drawing) {
     return largest;
 }
 
-/// What is proposed for some images.
+// What is proposed for some images.
 struct Proposal {
     RasterPlanWriter::ErrorEnum result;
     TripleDouble origin{7, 7, 7};
@@ -161,7 +161,7 @@ void expectUntouched(const Proposal& plane) {
     EXPECT_EQ(plane.yAxis, TripleDouble(9, 9, 9));
 }
 
-/// Flattens a wall with these axes, and says whether the output file was touched.
+// Flattens a wall with these axes, and says whether the output file was touched.
 class FlattenWith {
 public:
     FlattenWith()
@@ -260,13 +260,13 @@ TEST(ProposedPlane, OfRandomSetsStartsAtTheCornerWithTheSmallestLocalX) {
         TripleDouble normalSum;
         TripleDouble xSum;
         for (const Picture& picture : pictures) {
-            const TripleDouble u = normalised(minus(picture.rightBottom, picture.leftBottom));
-            const TripleDouble v = normalised(minus(picture.leftTop, picture.leftBottom));
-            normalSum = plus(normalSum, normalised(cross(u, v)));
+            const TripleDouble u = normalized(minus(picture.rightBottom, picture.leftBottom));
+            const TripleDouble v = normalized(minus(picture.leftTop, picture.leftBottom));
+            normalSum = plus(normalSum, normalized(cross(u, v)));
             xSum = plus(xSum, u);
         }
-        const TripleDouble normal = normalised(normalSum);
-        const TripleDouble x = normalised(xSum);
+        const TripleDouble normal = normalized(normalSum);
+        const TripleDouble x = normalized(xSum);
         EXPECT_LE(largestDifference(plane.xAxis, x), 1e-15);
         EXPECT_LE(largestDifference(plane.yAxis, cross(normal, x)), 1e-15);
 
@@ -277,7 +277,7 @@ TEST(ProposedPlane, OfRandomSetsStartsAtTheCornerWithTheSmallestLocalX) {
             // Local x is measured in the plane: what leans out of it does not count.
             const TripleDouble inPlane = minus(moved, times(normal, dot(normal, moved)));
             const TripleDouble y = cross(normal, x);
-            const TripleDouble z = normalised(cross(x, y));
+            const TripleDouble z = normalized(cross(x, y));
             const TripleDouble across = cross(y, z);
             smallest = std::min(smallest, dot(across, inPlane) / dot(across, x));
             meanOffset += dot(normal, moved) / static_cast<double>(pictures.size());

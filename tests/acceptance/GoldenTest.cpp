@@ -22,7 +22,7 @@ std::filesystem::path golden(const std::string& file) {
     return pathFromUtf8(RASTERPLAN_GOLDEN) / pathFromUtf8(file);
 }
 
-/// What the first lines that differ are; empty when there are none.
+// What the first lines that differ are; empty when there are none.
 std::string firstDifference(const std::string& expected, const std::string& found) {
     std::istringstream left(expected);
     std::istringstream right(found);
@@ -37,7 +37,7 @@ std::string firstDifference(const std::string& expected, const std::string& foun
     return expected == found ? "" : "a line end";
 }
 
-/// The UTF-8 of a character beyond the basic plane becomes that of its two halves.
+// The UTF-8 of a character beyond the basic plane becomes that of its two halves.
 std::string withHalvesEncodedAlone(const std::string& bytes) {
     const auto threeBytes = [](unsigned unit) {
         return std::string{static_cast<char>(0xE0 | unit >> 12), static_cast<char>(0x80 | (unit >> 6 & 0x3F)),
@@ -98,15 +98,15 @@ INSTANTIATE_TEST_SUITE_P(Scenes, Golden, ::testing::ValuesIn(scenes), testNameOf
 
 TEST(GoldenScenes, AllAreCompared) {
     std::set<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(golden("."))) {
+    for (const auto& entry : std::filesystem::directory_iterator(golden(".")))
         if (entry.path().extension() == ".scene")
             found.insert(utf8FromPath(entry.path().stem()));
-    }
     EXPECT_EQ(found, std::set<std::string>(std::begin(scenes), std::end(scenes)));
 }
 
 TEST(GoldenScenes, HalvesOfTheEmojiDifferOnlyWhereItStands) {
     EXPECT_EQ(withHalvesEncodedAlone("a\xC3\xA4\xF0\x9F\x8F\xA0z"), "a\xC3\xA4\xED\xA0\xBC\xED\xBF\xA0z");
     const std::string bytes = readBytes(golden("emoji.dxf"));
-    EXPECT_EQ(withHalvesEncodedAlone(bytes).size(), bytes.size() + std::size_t{2} * 4); // two characters, named twice
+    EXPECT_EQ(withHalvesEncodedAlone(bytes).size(),
+              bytes.size() + std::size_t{2} * 4); // two characters, named twice
 }

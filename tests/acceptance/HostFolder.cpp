@@ -11,7 +11,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan::test {
-
 namespace {
 
 constexpr const char* templateName = "PrepImageAbschnitte_2010.template";

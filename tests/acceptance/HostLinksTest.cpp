@@ -32,7 +32,7 @@ void expectWholeDrawing(const HostFolder& host, const std::string& program) {
     expectWholeDrawing(host.playBy(program, sceneOfOneImage), host.folder() / "drawing.dxf");
 }
 
-/// Moves host, library and template to a folder below, as a user might install them.
+// Moves host, library and template to a folder below, as a user might install them.
 void moveInto(const HostFolder& host, const std::string& name) {
     const fs::path folder = host.folder() / name;
     fs::create_directories(folder);

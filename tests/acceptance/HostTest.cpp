@@ -20,7 +20,7 @@ std::string sceneWriting(const std::string& path = {}) {
     return "drawing " + path + '\n' + oneImage + "write3d\n";
 }
 
-/// What the library answers to that scene with this template.
+// What the library answers to that scene with this template.
 std::string answerWith(const HostFolder& host) {
     const HostRun run = host.play(sceneWriting());
     EXPECT_EQ(run.status, 0) << run.err;

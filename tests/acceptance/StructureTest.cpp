@@ -12,7 +12,7 @@ using namespace rasterplan::test;
 
 using Findings = std::vector<std::string>;
 
-/// Upright pictures beside, above and behind each other, all facing the same way.
+// Upright pictures beside, above and behind each other, all facing the same way.
 std::vector<ImageParam> facade(int count) {
     std::vector<ImageParam> images;
     for (int i = 0; i < count; ++i) {
@@ -25,7 +25,7 @@ std::vector<ImageParam> facade(int count) {
     return images;
 }
 
-/// The first `from` becomes `to`. Fails the test when there is none: then nothing was broken.
+// The first `from` becomes `to`. Fails the test when there is none: then nothing was broken.
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
     const std::size_t at = text.find(from);
     EXPECT_NE(at, std::string::npos) << from;
@@ -36,7 +36,7 @@ std::string pairOf(int code, const std::string& value) {
     return std::to_string(code) + "\r\n" + value + "\r\n";
 }
 
-/// The text of the first record that begins with these pairs, up to the next record.
+// The text of the first record that begins with these pairs, up to the next record.
 std::string recordText(const std::string& drawing, const std::string& begin) {
     std::size_t start = std::string::npos;
     for (std::size_t at = 0; at < drawing.size();) {
@@ -57,7 +57,7 @@ std::string firstRecord(const std::string& drawing, const std::string& type) {
 
 class Structure : public ::testing::TestWithParam<int> {};
 
-/// Breaks a good drawing of two images in one way at a time.
+// Breaks a good drawing of two images in one way at a time.
 class BrokenStructure : public ::testing::Test {
 protected:
     const std::string good = exported3D(facade(2)).bytes;
@@ -70,7 +70,7 @@ protected:
         return structureFindings(drawing, framedImages(2));
     }
 
-    /// The good drawing with one record changed.
+    // The good drawing with one record changed.
     std::string with(const std::string& record, const std::string& from, const std::string& to) const {
         return replaced(good, record, replaced(record, from, to));
     }

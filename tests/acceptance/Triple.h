@@ -37,7 +37,7 @@ inline double distance(const TripleDouble& a, const TripleDouble& b) {
     return length(minus(a, b));
 }
 
-inline TripleDouble normalised(const TripleDouble& a) {
+inline TripleDouble normalized(const TripleDouble& a) {
     return times(a, 1.0 / length(a));
 }
 

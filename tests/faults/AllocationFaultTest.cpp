@@ -26,7 +26,7 @@ namespace {
 
 using Result = RasterPlanWriter::ErrorEnum;
 
-/// What one run saw: results, or that std::bad_alloc came through.
+// What one run saw: results, or that std::bad_alloc came through.
 struct Outcome {
     Result add = RasterPlanWriter::Success;
     Result write = RasterPlanWriter::Success;
@@ -56,8 +56,8 @@ const ImageParam wall =
 const ImageParam nextWall =
     imageAt({9, 2, 5}, {9, 2, 3}, {13, 2, 3}, 100.0, L"a path that no small buffer holds/west.png");
 
-/// Runs `run` once for every allocation that it makes, with that one failing, and then once with none. Every
-/// run must say that it ran out of memory, and leave nothing behind.
+// Runs `run` once for every allocation that it makes, with that one failing, and then once with none. Every
+// run must say that it ran out of memory, and leave nothing behind.
 void failEachAllocation(const std::function<Outcome()>& run) {
     EXPECT_TRUE(run().succeeded()) << "without any failure";
     for (long number = 1;; ++number) {
@@ -80,7 +80,7 @@ void failEachAllocation(const std::function<Outcome()>& run) {
     }
 }
 
-/// The outcome of `work`, which sets the results.
+// The outcome of `work`, which sets the results.
 Outcome outcomeOf(const std::function<void(Outcome&)>& work) {
     Outcome outcome;
     try {
@@ -291,7 +291,7 @@ TEST(AllocationFault, ImageThatIsNotAddedDoesNotWidenTheView) {
     EXPECT_EQ(drawing.viewport.createSection().direction, rasterplan::MathVector3d());
 }
 
-/// What an operation answers whose first allocation ends in another failure.
+// What an operation answers whose first allocation ends in another failure.
 template <typename Operation>
 Result answerTo(void (*failure)(), const Operation& operation) {
     RasterPlanWriter writer(outputPath().c_str());
@@ -318,7 +318,7 @@ Result write(RasterPlanWriter& writer, RasterPlanWriter&) {
     return writer.create3DDxf();
 }
 
-/// Passes on to a host, and is none of its own.
+// Passes on to a host, and is none of its own.
 struct OtherFailure : std::exception {};
 
 TEST(OtherFaults, OfTheSystemAreUnexpectedFailures) {

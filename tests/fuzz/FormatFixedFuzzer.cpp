@@ -17,7 +17,7 @@ namespace {
 using rasterplan::fuzz::demand;
 using rasterplan::fuzz::Input;
 
-/// A whole number that is not negative.
+// A whole number that is not negative.
 class Whole {
 public:
     explicit Whole(std::uint64_t value) {
@@ -51,13 +51,13 @@ private:
     std::vector<std::uint64_t> m_limbs; // the lowest first
 };
 
-/// All digits of a number that is finite: `count` of them stand behind the point.
+// All digits of a number that is finite: `count` of them stand behind the point.
 struct Digits {
     std::string text;
     std::size_t count;
 };
 
-/// Multiplies by `factor` so many times; none when the count is negative.
+// Multiplies by `factor` so many times; none when the count is negative.
 void multiply(Whole& number, std::uint64_t factor, int count) {
     for (; count >= 12; count -= 12) {
         const std::uint64_t cube = factor * factor * factor;
@@ -78,7 +78,7 @@ Digits exactDigits(double magnitude) {
     return {number.digits(), static_cast<std::size_t>(exponent < 0 ? -exponent : 0)};
 }
 
-/// Adds one to a number in decimal digits.
+// Adds one to a number in decimal digits.
 void increment(std::string& digits) {
     for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
         if (*digit != '9') {
@@ -90,7 +90,7 @@ void increment(std::string& digits) {
     digits.insert(digits.begin(), '1');
 }
 
-/// 17 decimals, a half rounded to the even neighbour, and only the first 99 characters of them.
+// 17 decimals, a half rounded to the even neighbour, and only the first 99 characters of them.
 std::string expectedText(double value) {
     if (std::isnan(value))
         return "nan";

@@ -24,7 +24,7 @@ public:
     explicit Proof(std::uint64_t seed)
         : m_random(seed) {}
 
-    /// Compares `value` and its negative; ends the program at a difference.
+    // Compares `value` and its negative; ends the program at a difference.
     void compare(double value) {
         compareOne(value);
         compareOne(-value);
@@ -36,8 +36,8 @@ public:
         compare(std::nextafter(value, infinity));
     }
 
-    /// Every power of two and of ten, and every place at which the text goes up to the next one: that is at
-    /// odd multiples of half a unit of the 17th decimal, which only those of 2^-18 hit exactly.
+    // Every power of two and of ten, and every place at which the text goes up to the next one: that is at
+    // odd multiples of half a unit of the 17th decimal, which only those of 2^-18 hit exactly.
     void compareEdges() {
         for (int exponent = -1074; exponent < 1024; ++exponent)
             compareWithNeighbours(std::ldexp(1.0, exponent));

@@ -26,7 +26,7 @@ using Result = RasterPlanWriter::ErrorEnum;
 
 using Limits = std::numeric_limits<double>;
 
-/// A number that hosts use, a bad one, or any.
+// A number that hosts use, a bad one, or any.
 double nextNumber(Input& input) {
     constexpr std::array bad{Limits::quiet_NaN(),
                              Limits::infinity(),
@@ -234,8 +234,8 @@ private:
         m_wasWritten = true;
     }
 
-    /// Whether the axes span a plane, and the images' coordinates have digits enough to stay rectangles in
-    /// it.
+    // Whether the axes span a plane, and the images' coordinates have digits enough to stay rectangles in
+    // it.
     bool hasDecentAxes() const {
         return length(m_xAxis) > 1e-100 && length(m_xAxis) < 1e100 && length(m_yAxis) > 1e-100 &&
                length(m_yAxis) < 1e100 && std::abs(cosine(m_xAxis, m_yAxis)) < 0.99;
@@ -248,7 +248,7 @@ private:
             fail(finding);
     }
 
-    /// What copies and what is moved from answers.
+    // What copies and what is moved from answers.
     void copy() {
         RasterPlanWriter taken(std::move(m_facade));
         TripleDouble a, b, c;
@@ -269,10 +269,10 @@ private:
     TripleDouble m_xAxis{1, 0, 0};
     TripleDouble m_yAxis{0, 0, 1};
     std::size_t m_images = 0;
-    bool m_areDecent = true; ///< All images have usual numbers.
+    bool m_areDecent = true; // All images have usual numbers.
     bool m_wasWritten = false;
     bool m_wasFlattened = false;
-    bool m_wasAddedLate = false; ///< After a write.
+    bool m_wasAddedLate = false; // After a write.
 };
 
 } // namespace

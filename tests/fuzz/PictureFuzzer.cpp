@@ -15,7 +15,7 @@ namespace {
 using namespace rasterplan_tool;
 using rasterplan::fuzz::demand;
 
-/// A file without a place on any disk.
+// A file without a place on any disk.
 class MemoryFile {
 public:
     MemoryFile(const std::uint8_t* data, std::size_t size)

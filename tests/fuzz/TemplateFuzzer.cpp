@@ -30,7 +30,7 @@ constexpr std::array placeholders{
     "#VEXO_ENTITY_IMAGE#",
 };
 
-/// What a write answers, and the drawing.
+// What a write answers, and the drawing.
 struct Written {
     Result result = RasterPlanWriter::Success;
     std::string bytes;
@@ -50,7 +50,7 @@ Written write(int images, std::string_view templateText) {
 
 using Expansions = std::map<std::string, std::string, std::less<>>;
 
-/// What stands for each placeholder. Nothing is expected of it here but that it is of whole lines.
+// What stands for each placeholder. Nothing is expected of it here but that it is of whole lines.
 const Expansions& expansions(int images) {
     static const std::array<Expansions, mostImages + 1> all = [] {
         std::array<Expansions, mostImages + 1> expansions;

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Sets the locale that RASTERPLAN_TEST_LOCALE names, as a host may do, and makes sure that it is one in
-/// which numbers look different: otherwise the run would prove nothing.
+// Sets the locale that RASTERPLAN_TEST_LOCALE names, as a host may do, and makes sure that it is one in
+// which numbers look different: otherwise the run would prove nothing.
 bool setHostLocale() {
     const char* const name = std::getenv("RASTERPLAN_TEST_LOCALE");
     if (!name || !*name)

@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 namespace rasterplan::test {
-
 namespace {
 
 enum class Kind { text, integer, boolean, real, handle };
@@ -50,7 +49,7 @@ bool isHandle(std::string_view text, unsigned long& number) {
            parsesWhole(text, number, 16);
 }
 
-/// Takes lines off a text and holds it to one kind of line end.
+// Takes lines off a text and holds it to one kind of line end.
 class LineReader {
 public:
     LineReader(std::string_view text, int firstLine)
@@ -104,9 +103,8 @@ std::vector<DxfGroup> readGroups(std::string_view text, int firstLine) {
         // Writers may pad the code to three columns.
         codeText.remove_prefix(std::min(codeText.find_first_not_of(' '), codeText.size()));
         int code = 0;
-        if (!parsesWhole(codeText, code) || code < -5 || code > 1071) {
+        if (!parsesWhole(codeText, code) || code < -5 || code > 1071)
             fail(line, "no group code: \"" + std::string(codeText) + '"');
-        }
         if (reader.atEnd())
             fail(line, "group code without value");
         groups.push_back({code, std::string(reader.next()), line});

@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 namespace rasterplan::test {
-
 namespace {
 
 void demand(bool holds, int line, const std::string& what) {
@@ -23,10 +22,9 @@ const std::string& DxfRecord::value(int code) const {
 
 std::vector<std::string> DxfRecord::values(int code) const {
     std::vector<std::string> found;
-    for (const DxfGroup& group : groups) {
+    for (const DxfGroup& group : groups)
         if (group.code == code)
             found.push_back(group.value);
-    }
     return found;
 }
 
@@ -84,15 +82,13 @@ std::vector<DxfVariable> headerVariables(const std::vector<DxfRecord>& records) 
     });
     demand(header != records.end(), 0, "no HEADER section");
     std::vector<DxfVariable> variables;
-    for (const DxfGroup& group : header->groups) {
-        if (group.code == 9) {
+    for (const DxfGroup& group : header->groups)
+        if (group.code == 9)
             variables.push_back({group.value, {}});
-        } else if (!variables.empty()) {
+        else if (!variables.empty())
             variables.back().groups.push_back(group);
-        } else {
+        else
             demand(group.code == 2, group.line, "pair that belongs to no variable");
-        }
-    }
     return variables;
 }
 

@@ -10,7 +10,6 @@
 #include <stdexcept>
 
 namespace rasterplan::test {
-
 namespace {
 
 constexpr const char* rootDictionary = "9";
@@ -24,28 +23,26 @@ double number(const std::string& text) {
     return value;
 }
 
-/// The handles in the record's group of reactors.
+// The handles in the record's group of reactors.
 std::vector<std::string> reactors(const DxfRecord& record) {
     std::vector<std::string> found;
     bool inside = false;
-    for (const DxfGroup& group : record.groups) {
+    for (const DxfGroup& group : record.groups)
         if (group.code == 102)
             inside = group.value == "{ACAD_REACTORS";
         else if (inside && group.code == 330)
             found.push_back(group.value);
-    }
     return found;
 }
 
-/// The first 330 that stands in no group.
+// The first 330 that stands in no group.
 std::string owner(const DxfRecord& record) {
     bool inside = false;
-    for (const DxfGroup& group : record.groups) {
+    for (const DxfGroup& group : record.groups)
         if (group.code == 102)
             inside = group.value != "}";
         else if (!inside && group.code == 330)
             return group.value;
-    }
     return {};
 }
 
@@ -86,14 +83,13 @@ private:
 
     std::vector<const DxfRecord*> all(std::string_view type) const {
         std::vector<const DxfRecord*> found;
-        for (const DxfRecord& record : m_records) {
+        for (const DxfRecord& record : m_records)
             if (record.type == type)
                 found.push_back(&record);
-        }
         return found;
     }
 
-    /// The record with this handle and type. Throws when there is none.
+    // The record with this handle and type. Throws when there is none.
     const DxfRecord& named(const std::string& handle, std::string_view type) const {
         const auto found = m_byHandle.find(handle);
         if (found == m_byHandle.end() || found->second->type != type)
@@ -161,10 +157,9 @@ private:
 
     void checkPointers(const DxfRecord& record) {
         const bool top = record.type == "TABLE" || record.handle() == rootDictionary;
-        for (const DxfGroup& group : record.groups) {
+        for (const DxfGroup& group : record.groups)
             if (isPointerCode(group.code) && !(top && group.code == 330 && group.value == "0"))
                 check(m_byHandle.contains(group.value), record, "no record has the handle " + group.value);
-        }
     }
 
     void checkCounts() {
@@ -219,10 +214,9 @@ private:
 
     static std::set<std::pair<std::string, std::string>> entries(const DxfRecord& dictionary) {
         std::set<std::pair<std::string, std::string>> found;
-        for (std::size_t i = 0; i + 1 < dictionary.groups.size(); ++i) {
+        for (std::size_t i = 0; i + 1 < dictionary.groups.size(); ++i)
             if (dictionary.groups[i].code == 3 && dictionary.groups[i + 1].code == 350)
                 found.emplace(dictionary.groups[i].value, dictionary.groups[i + 1].value);
-        }
         return found;
     }
 
@@ -262,7 +256,7 @@ private:
     StructureCounts m_counts;
     std::vector<DxfRecord> m_records;
     std::map<std::string, const DxfRecord*> m_byHandle;
-    std::set<std::string> m_definitions; ///< Named by the image dictionary and not yet met at an image.
+    std::set<std::string> m_definitions; // Named by the image dictionary and not yet met at an image.
     std::vector<std::string> m_findings;
 };
 

@@ -22,7 +22,7 @@ using namespace rasterplan::test;
 constexpr int threadCount = 4;
 constexpr int exportsPerThread = 12;
 
-/// Images that differ from export to export in place, size, unit and path.
+// Images that differ from export to export in place, size, unit and path.
 std::vector<ImageParam> imagesOf(int seed) {
     std::vector<ImageParam> images;
     for (int i = 0; i <= seed % 5; ++i) {
@@ -38,7 +38,7 @@ std::vector<ImageParam> imagesOf(int seed) {
     return images;
 }
 
-/// What the export with this number answers and writes: every other one is flattened.
+// What the export with this number answers and writes: every other one is flattened.
 struct Export {
     RasterPlanWriter::ErrorEnum result = RasterPlanWriter::UnexpectedFailure;
     std::string bytes;
@@ -66,7 +66,7 @@ Export exported(int seed, const std::filesystem::path& file) {
     return written;
 }
 
-/// Runs `work` with the numbers of the threads, all begun at once.
+// Runs `work` with the numbers of the threads, all begun at once.
 template <typename Work>
 void inThreads(const Work& work) {
     std::latch start(threadCount);

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace rasterplan_tool {
-
 namespace {
 
 using Arguments = std::vector<std::string>;
@@ -135,11 +134,9 @@ TEST(CommandLine, PlaneNeedsAllThreeOptions) {
     const Arguments options[] = {{"--origin=0,0,0"}, {"--x-axis=1,0,0"}, {"--y-axis=0,1,0"}};
     for (int set = 1; set < 7; ++set) {
         Arguments arguments = with2d({});
-        for (std::size_t i = 0; i < 3; ++i) {
-            if ((set >> i & 1) != 0) {
+        for (std::size_t i = 0; i < 3; ++i)
+            if ((set >> i & 1) != 0)
                 arguments.push_back(options[i][0]);
-            }
-        }
         EXPECT_EQ(failureOf(arguments),
                   "a plane needs --origin, --x-axis and --y-axis together; give all three, or "
                   "none for the proposed plane")

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace rasterplan_tool {
-
 namespace {
 
 std::size_t errorLine(std::string_view text) {
@@ -49,9 +48,8 @@ TEST(JsonText, EveryValueKnowsItsLine) {
     const auto& elements = *members[1].value.as<JsonValue::Array>();
     const std::size_t lines[] = {6, 7, 8, 8, 9, 9};
     ASSERT_EQ(elements.size(), std::size(lines));
-    for (std::size_t i = 0; i < elements.size(); ++i) {
+    for (std::size_t i = 0; i < elements.size(); ++i)
         EXPECT_EQ(elements[i].line, lines[i]) << i;
-    }
     EXPECT_EQ(*elements[1].as<double>(), -2.5);
     EXPECT_EQ(*elements[5].as<std::string>(), "x\ny");
 }
@@ -82,9 +80,8 @@ TEST(JsonText, SameNamesAreBothKept) {
 TEST(JsonText, KindsAreNamed) {
     const char* const texts[][2] = {{"null", "null"},   {"true", "true or false"}, {"1", "a number"},
                                     {"\"\"", "a text"}, {"[]", "a list"},          {"{}", "an object"}};
-    for (const auto& text : texts) {
+    for (const auto& text : texts)
         EXPECT_EQ(parseJson(text[0]).kind(), text[1]);
-    }
 }
 
 TEST(JsonText, ErrorsTellTheirLine) {
@@ -108,9 +105,8 @@ TEST(JsonText, ErrorsHoldNoInnerNames) {
 TEST(JsonText, EveryCutIsAnError) {
     const std::string_view text =
         R"({"unit": "Meters", "images": [{"path": "s\u00fcd.png", "leftTop": [1, -2.5e3, true]}]})";
-    for (std::size_t length = 0; length < text.size(); ++length) {
+    for (std::size_t length = 0; length < text.size(); ++length)
         EXPECT_NE(errorLine(text.substr(0, length)), 0U) << length;
-    }
     EXPECT_EQ(errorLine(text), 0U);
 }
 

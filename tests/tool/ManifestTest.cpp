@@ -9,7 +9,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr const char* goodImage = R"({"path": "a.png", "leftTop": [0,0,1], "leftBottom": [0,0,0],
@@ -32,11 +31,9 @@ std::string siteWith(const std::string& field, const std::string& value) {
                                      {"leftBottom", "[0,0,0]"},
                                      {"rightBottom", "[2,0,0]"},
                                      {"pixelsPerUnit", "100"},
-                                     {"unit", "\"Meters\""}}) {
-        if (name != field) {
+                                     {"unit", "\"Meters\""}})
+        if (name != field)
             text += '"' + std::string(name) + "\": " + good + ",\n";
-        }
-    }
     return text + '"' + field + "\": " + value + "\n}]}";
 }
 
@@ -155,9 +152,8 @@ TEST(Manifest, EveryWrongImageIsReported) {
 
 TEST(Manifest, VeryManyWrongImagesAreCounted) {
     std::string text = "{\"images\": [0";
-    for (int i = 1; i < 25; ++i) {
+    for (int i = 1; i < 25; ++i)
         text += ",0";
-    }
     const std::string failure = failureOf(text + "]}");
     EXPECT_NE(failure.find("image 20 is a number"), std::string::npos);
     EXPECT_EQ(failure.find("image 21 is a number"), std::string::npos);

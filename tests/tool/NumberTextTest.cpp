@@ -10,17 +10,15 @@ namespace rasterplan_tool {
 TEST(NumberText, ParsesWholeNumbersOnly) {
     EXPECT_EQ(parseNumber("-1.5"), -1.5);
     EXPECT_EQ(parseNumber("4e3"), 4000.0);
-    for (const char* text : {"", " 1", "1 ", "1,5", "1x", "x", "--1", "nan", "inf", "-infinity", "1e999"}) {
+    for (const char* text : {"", " 1", "1 ", "1,5", "1x", "x", "--1", "nan", "inf", "-infinity", "1e999"})
         EXPECT_EQ(parseNumber(text), std::nullopt) << text;
-    }
 }
 
 TEST(NumberText, ShortestReadsBackExactly) {
     EXPECT_EQ(shortestText(0.1), "0.1");
     EXPECT_EQ(shortestText(-0.0), "-0");
-    for (const double number : {1.0 / 3.0, 4468215.842455544, 5e-324, std::numeric_limits<double>::max()}) {
+    for (const double number : {1.0 / 3.0, 4468215.842455544, 5e-324, std::numeric_limits<double>::max()})
         EXPECT_EQ(parseNumber(shortestText(number)), number);
-    }
 }
 
 TEST(NumberText, RoundedHasAtMostTheDigitsAskedFor) {

@@ -17,7 +17,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr std::string_view complete = "0\r\nSECTION\r\n  0\r\nEOF\r\n";
@@ -128,10 +127,8 @@ TEST(PendingDrawing, MissingImagesAreFound) {
     EXPECT_EQ(failureWith(image + image + image + definition + definition), "no failure");
     const std::string lost = "only 1 of the 2 images came into the drawing, which was discarded";
     EXPECT_NE(failureWith(image + definition).find(lost), std::string::npos);
-    for (const std::string& records :
-         {std::string(), image + image, image + image + definition, definition}) {
+    for (const std::string& records : {std::string(), image + image, image + image + definition, definition})
         EXPECT_NE(failureWith(records).find("has no place for them; install"), std::string::npos) << records;
-    }
 }
 
 TEST(PendingDrawing, UnusablePlacesAreRefusedInWords) {
@@ -154,9 +151,8 @@ TEST(PendingDrawing, WriteProtectedFileIsRefused) {
     fs::permissions(output, writing, fs::perm_options::remove);
     {
         const rasterplan::test::OrdinaryUser user;
-        if (!user.holds()) {
+        if (!user.holds())
             GTEST_SKIP() << "the administrator, whom no permission binds, cannot become another user here";
-        }
         EXPECT_EQ(failureOf(output),
                   quoted(output) +
                       ": the file exists and cannot be written; take away its write protection, close the "
@@ -212,9 +208,8 @@ TEST(PendingDrawing, OwnerOfTheReplacedFileStays) {
     const fs::path output = writeFile(folder / "out.dxf", "old");
     constexpr uid_t owner = 4711;
     constexpr gid_t group = 4712;
-    if (chown(output.c_str(), owner, group) != 0) {
+    if (chown(output.c_str(), owner, group) != 0)
         GTEST_SKIP() << "only the superuser can give a file away";
-    }
     fs::permissions(output, fs::perms::set_gid, fs::perm_options::add);
     const fs::perms permissions = fs::status(output).permissions();
     PendingDrawing pending(output);

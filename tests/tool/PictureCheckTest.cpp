@@ -12,7 +12,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 class PictureCheck : public testing::Test {

@@ -9,9 +9,8 @@ namespace rasterplan_tool {
 
 TEST(PictureDecoder, FileThatIsGoneMeanwhileIsAnError) {
     const TestFolder folder;
-    for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Jpeg}) {
+    for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Jpeg})
         EXPECT_THROW(decodePixelSize(folder / "gone", format), PictureError);
-    }
 }
 
 } // namespace rasterplan_tool

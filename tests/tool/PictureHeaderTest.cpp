@@ -8,7 +8,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 std::string errorOf(const fs::path& file) {

@@ -7,7 +7,6 @@
 #include <cmath>
 
 namespace rasterplan_tool {
-
 namespace {
 
 const Plane upright{{10, 5, 2}, {1, 0, 0}, {0, 0, 1}}; // looked at from negative y

@@ -9,16 +9,14 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 class WorkingFolder {
 public:
     explicit WorkingFolder(const fs::path& folder)
         : m_before(fs::current_path()) {
-        if (!folder.empty()) {
+        if (!folder.empty())
             fs::current_path(folder);
-        }
     }
     ~WorkingFolder() {
         std::error_code ignored;

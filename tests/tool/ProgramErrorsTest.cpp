@@ -14,7 +14,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 class ProgramErrors : public testing::Test {
@@ -43,9 +42,8 @@ protected:
 
     void expectSiteFailure(const std::string& site, const std::string& words) {
         writeFile(m_folder / "SITE.json", site);
-        for (const char* command : {"3d", "2d"}) {
+        for (const char* command : {"3d", "2d"})
             expectFailure({command, at("SITE.json"), at("out.dxf")}, 2, words);
-        }
         expectFailure({"plane", at("SITE.json")}, 2, words);
     }
 
@@ -185,9 +183,8 @@ namespace {
 class ProgramWithOwnTemplate : public ProgramErrors {
 protected:
     void expectFailureOfBoth(const std::string& words) {
-        for (const char* command : {"3d", "2d"}) {
+        for (const char* command : {"3d", "2d"})
             expectFailure({command, at("SITE.json"), at("out.dxf")}, 1, words, m_setting);
-        }
     }
 
     // The template that the program was built with.
@@ -336,9 +333,8 @@ TEST_F(ProgramErrors, OutputOnADevice) {
 }
 
 TEST_F(ProgramErrors, ResultThatCannotBePrinted) {
-    if (!fs::exists("/dev/full")) {
+    if (!fs::exists("/dev/full"))
         GTEST_SKIP() << "this system has no device that is always full";
-    }
     ProgramSetting setting;
     setting.output = "/dev/full";
     expectFailure({"plane", at("SITE.json")}, 1, "the result could not be printed", setting);

@@ -23,7 +23,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 // Started by a program that ignores these signals, as nohup does, or not.

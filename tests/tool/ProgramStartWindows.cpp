@@ -12,7 +12,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 [[noreturn]] void failWithSystemError(const char* what) {
@@ -28,9 +27,8 @@ SystemHandle createInheritedFile(const fs::path& file) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                       &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
+    if (handle == INVALID_HANDLE_VALUE)
         failWithSystemError("CreateFileW");
-    }
     return SystemHandle(handle);
 }
 
@@ -39,9 +37,8 @@ std::wstring quotedArgument(const std::wstring& text) {
     std::wstring result = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t c : text) {
-        if (c == L'"') {
+        if (c == L'"')
             result.append(backslashes + 1, L'\\');
-        }
         backslashes = c == L'\\' ? backslashes + 1 : 0;
         result += c;
     }
@@ -53,9 +50,8 @@ std::wstring quotedArgument(const std::wstring& text) {
 int startAndWait(const fs::path& executable, const std::vector<std::string>& arguments, const fs::path& out,
                  const fs::path& err, const std::string&, const std::string&) {
     std::wstring commandLine = quotedArgument(executable.wstring());
-    for (const std::string& argument : arguments) {
+    for (const std::string& argument : arguments)
         commandLine += L' ' + quotedArgument(wideFromPath(pathFromUtf8(argument)));
-    }
     const SystemHandle outFile = createInheritedFile(out);
     const SystemHandle errFile = createInheritedFile(err);
     STARTUPINFOW startup{};
@@ -65,16 +61,14 @@ int startAndWait(const fs::path& executable, const std::vector<std::string>& arg
     startup.hStdError = errFile.get();
     PROCESS_INFORMATION information{};
     if (CreateProcessW(executable.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                       &startup, &information) == FALSE) {
+                       &startup, &information) == FALSE)
         failWithSystemError("CreateProcessW");
-    }
     const SystemHandle process(information.hProcess);
     const SystemHandle thread(information.hThread);
     DWORD status = 0;
     if (WaitForSingleObject(process.get(), INFINITE) != WAIT_OBJECT_0 ||
-        GetExitCodeProcess(process.get(), &status) == FALSE) {
+        GetExitCodeProcess(process.get(), &status) == FALSE)
         failWithSystemError("WaitForSingleObject");
-    }
     return static_cast<int>(status);
 }
 

@@ -9,7 +9,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 std::string example(const char* site) {
@@ -23,10 +22,8 @@ bool hasLine(const std::string& drawing, const std::string& line) {
 
 std::size_t countOf(const std::string& text, const std::string& part) {
     std::size_t count = 0;
-    for (std::size_t place = text.find(part); place != std::string::npos;
-         place = text.find(part, place + 1)) {
+    for (std::size_t place = text.find(part); place != std::string::npos; place = text.find(part, place + 1))
         ++count;
-    }
     return count;
 }
 

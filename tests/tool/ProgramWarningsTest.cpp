@@ -14,15 +14,13 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 class ProgramWarnings : public testing::Test {
 protected:
     ProgramWarnings() {
-        for (const char* name : {"a.png", "b.png", "c.png"}) {
+        for (const char* name : {"a.png", "b.png", "c.png"})
             fs::copy_file(testData("grey-17x9.png"), m_folder / name);
-        }
     }
 
     // Runs a command that writes; returns what it said on stderr.

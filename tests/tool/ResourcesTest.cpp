@@ -40,9 +40,8 @@ TEST(Resources, WantOfMemoryAndOfFilesIsToldApart) {
     EXPECT_THROW(throwIfExhausted(ENOMEM), std::bad_alloc);
     EXPECT_THROW(throwIfExhausted(EMFILE), ExportFailed);
     EXPECT_THROW(throwIfExhausted(ENFILE), ExportFailed);
-    for (const int other : {0, ENOENT, EACCES}) {
+    for (const int other : {0, ENOENT, EACCES})
         EXPECT_NO_THROW(throwIfExhausted(other));
-    }
 }
 
 #ifndef _WIN32
@@ -82,6 +81,9 @@ std::string failureWithoutFiles(const Action& action) {
 } // namespace
 
 TEST(Resources, TooManyOpenFilesAreTheReasonThatIsTold) {
+#ifdef RASTERPLAN_SANITIZED
+    GTEST_SKIP() << "sanitizers open files of their own";
+#endif
     const TestFolder folder;
     const auto file = writeFile(folder / "out.dxf", "0\nEOF\n");
     const std::string reason =

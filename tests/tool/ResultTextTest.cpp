@@ -8,9 +8,8 @@ namespace rasterplan_tool {
 
 TEST(ResultText, EveryResultHasWordsOfItsOwn) {
     std::set<std::string_view> texts;
-    for (int result = RasterPlanWriter::Success; result <= RasterPlanWriter::UnexpectedFailure; ++result) {
+    for (int result = RasterPlanWriter::Success; result <= RasterPlanWriter::UnexpectedFailure; ++result)
         texts.insert(writeResultText(static_cast<RasterPlanWriter::ErrorEnum>(result)));
-    }
     EXPECT_EQ(texts.size(), 7U);
     EXPECT_FALSE(texts.contains(""));
 }

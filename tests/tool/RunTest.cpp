@@ -12,10 +12,9 @@
 #include <system_error>
 
 namespace rasterplan_tool {
-
 namespace {
 
-/// What the program prints as an error when its arguments cannot be had.
+// What the program prints as an error when its arguments cannot be had.
 template <typename Error>
 std::string errorOf(const Error& error) {
     std::ostringstream out;

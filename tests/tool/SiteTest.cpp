@@ -8,10 +8,9 @@
 #include <utility>
 
 namespace rasterplan_tool {
-
 namespace {
 
-/// A site of one image: upright, 2 wide and 1 high, unless a test changes its corners.
+// A site of one image: upright, 2 wide and 1 high, unless a test changes its corners.
 Manifest siteOfOne() {
     ManifestImage image;
     image.path = "a.png";

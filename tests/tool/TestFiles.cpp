@@ -15,9 +15,8 @@ fs::path TestFolder::operator/(std::string_view entry) const {
 
 std::vector<std::string> TestFolder::names() const {
     std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path())) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(path()))
         names.push_back(shownText(entry.path().filename()));
-    }
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -43,9 +42,8 @@ std::string imageText(std::string_view path, double x, double y) {
 
 std::string siteText(const std::vector<std::string>& images) {
     std::string text = "{\"images\": [";
-    for (const std::string& image : images) {
+    for (const std::string& image : images)
         text += (&image == &images.front() ? "\n" : ",\n") + image;
-    }
     return text + "\n]}\n";
 }
 

@@ -14,9 +14,8 @@ TEST(UnitNames, EveryCodeHasANameThatLeadsBack) {
 }
 
 TEST(UnitNames, NoOtherTextIsAUnit) {
-    for (const char* text : {"", "meters", "METERS", "Meter", "m", "Meters ", "6"}) {
+    for (const char* text : {"", "meters", "METERS", "Meter", "m", "Meters ", "6"})
         EXPECT_EQ(unitFromName(text), std::nullopt) << text;
-    }
 }
 
 TEST(UnitNames, ListHoldsAllInOrder) {

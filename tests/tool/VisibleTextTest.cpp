@@ -57,9 +57,8 @@ TEST(VisibleText, BytesThatAreNoTextAreShown) {
         {"\xE0\x80\x80", "\\xe0\\x80\\x80"},
         {"\xF0\x80\x80\x80", "\\xf0\\x80\\x80\\x80"},
     };
-    for (const auto& each : cases) {
+    for (const auto& each : cases)
         EXPECT_EQ(visible(each.text), each.shown);
-    }
     EXPECT_EQ(visible("\U0010FFFF"), "\U0010FFFF");
 }
 

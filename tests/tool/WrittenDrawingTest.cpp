@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace rasterplan_tool {
-
 namespace {
 
 WrittenDrawing readBackText(const std::string& text) {
@@ -43,13 +42,11 @@ TEST(WrittenDrawing, LinesMayLieAcrossBlocksAndFillThem) {
 }
 
 TEST(WrittenDrawing, OnlyTheLastGroupEndsADrawing) {
-    for (const char* text : {"0\nEOF", "0\r\nEOF\r\n", "0\nEOF\n\n\r\n", "  0\r\n EOF \r\n"}) {
+    for (const char* text : {"0\nEOF", "0\r\nEOF\r\n", "0\nEOF\n\n\r\n", "  0\r\n EOF \r\n"})
         EXPECT_TRUE(readBackText(text).isComplete) << text;
-    }
     for (const char* text : {"", "0", "0\n", "0\nEO", "10\nEOF\n", "0\nxEOF\n", "EOF\n", "\n\n",
-                             "0\nEOF\n0\nLINE\n", "0\nEOF\n8\nEOF\n"}) {
+                             "0\nEOF\n0\nLINE\n", "0\nEOF\n8\nEOF\n"})
         EXPECT_FALSE(readBackText(text).isComplete) << text;
-    }
 }
 
 TEST(WrittenDrawing, MissingFileIsAFailure) {

@@ -15,14 +15,14 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// Loads the library from a folder, writes a drawing and gives the result.
+// Loads the library from a folder, writes a drawing and gives the result.
 int resultIn(const std::wstring& folder, const std::filesystem::path& output) {
     const LibraryCopy copy(folder);
     const LoadedLibrary library(copy.library());
     return library.writeDrawing(output.c_str());
 }
 
-/// The length of the path of a folder in which the library's own path has the given length.
+// The length of the path of a folder in which the library's own path has the given length.
 std::size_t folderForLibraryPath(std::size_t length) {
     return length - std::wstring(L"\\RasterPlanWriter.dll").size();
 }

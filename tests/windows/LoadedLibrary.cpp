@@ -10,7 +10,7 @@ struct Triple {
     double x, y, z;
 };
 
-/// Room for an object that is constructed and destroyed by functions that were looked up.
+// Room for an object that is constructed and destroyed by functions that were looked up.
 struct alignas(16) Room {
     unsigned char bytes[256];
 };

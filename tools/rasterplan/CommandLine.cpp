@@ -15,7 +15,6 @@
 #include <string_view>
 
 namespace rasterplan_tool {
-
 namespace {
 
 // The names of the units in lines that fit a terminal.
@@ -81,9 +80,8 @@ constexpr std::array<PathFormName, 3> pathForms{{
 std::vector<std::string> pathFormNames() {
     std::vector<std::string> names;
     names.reserve(pathForms.size());
-    for (const PathFormName& row : pathForms) {
+    for (const PathFormName& row : pathForms)
         names.emplace_back(row.name);
-    }
     return names;
 }
 
@@ -118,9 +116,8 @@ TripleDouble parseTriple(std::string_view option, std::string_view text) {
 }
 
 std::optional<double> parseTolerance(std::string_view option, const std::string& text) {
-    if (text.empty()) {
+    if (text.empty())
         return std::nullopt;
-    }
     const std::optional<double> number = parseNumber(text);
     if (!number || *number < 0.0) {
         throw BadInput(std::string(option) + ": \"" + visible(text) +
@@ -130,9 +127,8 @@ std::optional<double> parseTolerance(std::string_view option, const std::string&
 }
 
 std::optional<Plane> parsePlane(const OptionTexts& texts) {
-    if (texts.origin.empty() && texts.xAxis.empty() && texts.yAxis.empty()) {
+    if (texts.origin.empty() && texts.xAxis.empty() && texts.yAxis.empty())
         return std::nullopt;
-    }
     if (texts.origin.empty() || texts.xAxis.empty() || texts.yAxis.empty()) {
         throw BadInput(
             "a plane needs --origin, --x-axis and --y-axis together; give all three, or none for the "
@@ -211,9 +207,8 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     } catch (const CLI::ParseError& error) {
         std::ostringstream answer;
         std::ostringstream complaint;
-        if (app.exit(error, answer, complaint) == 0) {
+        if (app.exit(error, answer, complaint) == 0)
             return {std::nullopt, answer.str()};
-        }
         std::string text = error.what();
         if (app.get_subcommands().empty()) {
             text =
@@ -227,9 +222,8 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     commandLine.command = write3d->parsed()   ? Command::Write3d
                           : write2d->parsed() ? Command::Write2d
                                               : Command::ShowPlane;
-    if (commandLine.command != Command::ShowPlane && texts.output.empty()) {
+    if (commandLine.command != Command::ShowPlane && texts.output.empty())
         throw BadInput("the output path is empty; name a file, such as site.dxf");
-    }
     commandLine.site = pathFromUtf8(texts.site);
     commandLine.output = pathFromUtf8(texts.output);
     commandLine.pathForm = pathFormOf(texts.pathForm);

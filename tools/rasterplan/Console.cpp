@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace rasterplan_tool {
-
 namespace {
 
 void printLines(std::ostream& stream, std::string_view label, std::string_view text) {

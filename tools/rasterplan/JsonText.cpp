@@ -7,15 +7,13 @@
 #include <iterator>
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr std::size_t deepestNesting = 32;
 
 void skipPast(std::string_view& text, std::string_view mark) {
-    if (const std::size_t found = text.find(mark); found != std::string_view::npos) {
+    if (const std::size_t found = text.find(mark); found != std::string_view::npos)
         text.remove_prefix(found + mark.size());
-    }
 }
 
 // Reads a text and lets others see how far it has been read.
@@ -81,9 +79,8 @@ public:
         // needs the end of it, and the line goes apart.
         std::string_view text = error.what();
         skipPast(text, "] ");
-        if (text.starts_with("parse error at")) {
+        if (text.starts_with("parse error at"))
             skipPast(text, ": ");
-        }
         throw JsonError(currentLine(), std::string(text));
     }
 
@@ -99,12 +96,10 @@ private:
     }
 
     JsonValue& nextPlace() {
-        if (m_open.empty()) {
+        if (m_open.empty())
             return m_root;
-        }
-        if (auto* const elements = std::get_if<JsonValue::Array>(&m_open.back()->content)) {
+        if (auto* const elements = std::get_if<JsonValue::Array>(&m_open.back()->content))
             return elements->emplace_back();
-        }
         return std::get<JsonValue::Object>(m_open.back()->content).back().value;
     }
 
@@ -118,9 +113,8 @@ private:
 
     template <typename Content>
     bool open(Content&& content) {
-        if (m_open.size() == deepestNesting) {
+        if (m_open.size() == deepestNesting)
             throw JsonError(currentLine(), "the values are nested too deeply");
-        }
         JsonValue& value = nextPlace();
         value.line = currentLine();
         value.content = std::forward<Content>(content);

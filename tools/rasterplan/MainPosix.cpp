@@ -18,11 +18,9 @@ constexpr std::array<StandardFile, 3> standardFiles{{{0, O_WRONLY}, {1, O_RDONLY
 // Where the caller closed one, the next file opened would take its number, and messages would go into the
 // drawing.
 void occupyStandardFiles() {
-    for (const StandardFile& file : standardFiles) {
-        if (fcntl(file.descriptor, F_GETFD) == -1) {
+    for (const StandardFile& file : standardFiles)
+        if (fcntl(file.descriptor, F_GETFD) == -1)
             static_cast<void>(open("/dev/null", file.otherWay)); // takes the lowest number that is free
-        }
-    }
 }
 
 } // namespace

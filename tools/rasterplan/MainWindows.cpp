@@ -30,9 +30,8 @@ int wmain(int count, wchar_t** wideArguments) {
     return rasterplan_tool::run(
         [count, wideArguments] {
             std::vector<std::string> arguments;
-            for (int i = 1; i < count; ++i) {
+            for (int i = 1; i < count; ++i)
                 arguments.push_back(rasterplan_tool::utf8FromPath(wideArguments[i]));
-            }
             return arguments;
         },
         {std::cout, std::cerr});

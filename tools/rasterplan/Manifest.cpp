@@ -19,7 +19,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 std::string at(const fs::path& file, std::size_t line) {
@@ -34,9 +33,8 @@ public:
         , m_value(value)
         , m_owner(std::move(owner)) {
         m_members = value.as<JsonValue::Object>();
-        if (m_members == nullptr) {
+        if (m_members == nullptr)
             fail(value.line, "is " + std::string(value.kind()) + "; write an object: {...}");
-        }
     }
 
     // A misspelt optional field would be passed over in silence otherwise.
@@ -77,12 +75,10 @@ public:
     std::string path(std::string_view name) const {
         const JsonValue& value = need(name, R"("path": "south.png")");
         const std::string* const text = value.as<std::string>();
-        if (text == nullptr) {
+        if (text == nullptr)
             failField(value, name, "is " + std::string(value.kind()) + "; write a text: \"south.png\"");
-        }
-        if (text->empty()) {
+        if (text->empty())
             failField(value, name, "is empty; name the picture's file");
-        }
         if (breaksLines(*text)) {
             failField(value, name,
                       "holds a control character, which would break the drawing's lines; rename the file "
@@ -94,9 +90,8 @@ public:
     TripleDouble point(std::string_view name) const {
         const JsonValue& value = need(name, '"' + std::string(name) + "\": [x, y, z]");
         const auto* const numbers = value.as<JsonValue::Array>();
-        if (numbers == nullptr) {
+        if (numbers == nullptr)
             failField(value, name, "is " + std::string(value.kind()) + "; write three numbers: [x, y, z]");
-        }
         if (numbers->size() != 3) {
             failField(value, name,
                       "has " + std::to_string(numbers->size()) + " elements; write three numbers: [x, y, z]");
@@ -108,9 +103,8 @@ public:
     double positive(std::string_view name) const {
         const JsonValue& value = need(name, '"' + std::string(name) + "\": 200.0");
         const double* const number = value.as<double>();
-        if (number == nullptr) {
+        if (number == nullptr)
             failField(value, name, "is " + std::string(value.kind()) + "; write a number greater than 0");
-        }
         if (!(*number > 0.0) || *number > largestCoordinate) {
             failField(value, name,
                       "is " + shortestText(*number) + "; write a number greater than 0 and at most " +
@@ -121,13 +115,11 @@ public:
 
     DrawingUnit unit(std::string_view name, DrawingUnit otherwise) const {
         const JsonValue* const value = find(name);
-        if (value == nullptr) {
+        if (value == nullptr)
             return otherwise;
-        }
         const std::string* const text = value->as<std::string>();
-        if (text == nullptr) {
+        if (text == nullptr)
             failField(*value, name, "is " + std::string(value->kind()) + "; write a text: \"Meters\"");
-        }
         const std::optional<DrawingUnit> unit = unitFromName(*text);
         if (!unit) {
             failField(*value, name,
@@ -145,9 +137,8 @@ public:
 private:
     double coordinate(const JsonValue& value, std::string_view name) const {
         const double* const number = value.as<double>();
-        if (number == nullptr) {
+        if (number == nullptr)
             failField(value, name, "holds " + std::string(value.kind()) + "; write three numbers: [x, y, z]");
-        }
         if (std::abs(*number) > largestCoordinate) {
             failField(value, name,
                       "holds " + shortestText(*number) + "; coordinates reach from -" +
@@ -193,12 +184,10 @@ ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_
 
 std::string readFile(const fs::path& file) {
     std::error_code ignored;
-    if (!fs::exists(file, ignored)) {
+    if (!fs::exists(file, ignored))
         throw BadInput(quoted(file) + ": there is no such file; check the path of SITE.json");
-    }
-    if (fs::is_directory(file, ignored)) {
+    if (fs::is_directory(file, ignored))
         throw BadInput(quoted(file) + ": this is a folder; name the SITE.json file in it");
-    }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     if (!stream.is_open()) {
@@ -240,12 +229,10 @@ Manifest parseManifest(std::string_view text, const fs::path& file) {
     const DrawingUnit unit = reader.unit("unit", Meters);
     const JsonValue& list = reader.need("images", R"("images": [{"path": ...}])");
     const auto* const values = list.as<JsonValue::Array>();
-    if (values == nullptr) {
+    if (values == nullptr)
         reader.failField(list, "images", "is " + std::string(list.kind()) + "; write a list: [{...}, {...}]");
-    }
-    if (values->empty()) {
+    if (values->empty())
         reader.failField(list, "images", "is an empty list; a drawing needs at least one image");
-    }
 
     Manifest manifest;
     manifest.file = file;

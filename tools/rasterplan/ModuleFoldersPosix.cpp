@@ -14,9 +14,8 @@ std::vector<fs::path> moduleFolders() {
     std::vector<fs::path> files{"/proc/self/exe"};
     Dl_info module{};
     if (dladdr(reinterpret_cast<const void*>(&fnRasterPlanWriter), &module) != 0 &&
-        module.dli_fname != nullptr) {
+        module.dli_fname != nullptr)
         files.emplace_back(module.dli_fname);
-    }
     std::vector<fs::path> folders;
     for (const fs::path& file : files) {
         std::error_code error;

@@ -11,9 +11,8 @@ std::optional<double> parseNumber(std::string_view text) {
     double number = 0.0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end || !std::isfinite(number)) {
+    if (error != std::errc() || stop != end || !std::isfinite(number))
         return std::nullopt;
-    }
     return number;
 }
 

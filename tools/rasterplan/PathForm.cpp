@@ -7,17 +7,14 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 fs::path writtenPath(PathForm form, const std::string& asGiven, const fs::path& picture,
                      const fs::path& drawingFolder) {
-    if (form == PathForm::AsGiven) {
+    if (form == PathForm::AsGiven)
         return pathFromUtf8(asGiven);
-    }
-    if (form == PathForm::Absolute) {
+    if (form == PathForm::Absolute)
         return fs::path(picture).make_preferred();
-    }
     const fs::path relative = picture.lexically_relative(drawingFolder);
     if (relative.empty()) {
         throw BadInput(

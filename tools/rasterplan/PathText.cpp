@@ -8,7 +8,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 // A POSIX path is any bytes; a drawing's text is Unicode.

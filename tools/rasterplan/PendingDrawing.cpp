@@ -17,7 +17,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr int mostLinks = 40;
@@ -38,23 +37,19 @@ fs::path followLinks(const fs::path& output) {
 void requireWritable(const fs::path& destination) {
     const std::string name = quoted(destination);
     std::error_code ignored;
-    if (!destination.has_filename()) {
+    if (!destination.has_filename())
         throw ExportFailed(name + ": this is a folder; name a file in it, such as site.dxf");
-    }
     if (!fs::is_directory(destination.parent_path(), ignored)) {
         throw ExportFailed(name + ": the folder " + quoted(destination.parent_path()) +
                            " does not exist; create it or name another one");
     }
     const fs::file_status status = fs::status(destination, ignored);
-    if (!fs::exists(status)) {
+    if (!fs::exists(status))
         return;
-    }
-    if (fs::is_directory(status)) {
+    if (fs::is_directory(status))
         throw ExportFailed(name + ": this is a folder; name a file in it, such as site.dxf");
-    }
-    if (!fs::is_regular_file(status)) {
+    if (!fs::is_regular_file(status))
         throw ExportFailed(name + ": this is a device or a pipe; a drawing can only be written to a file");
-    }
     // Renaming would replace a write-protected file all the same; its owner did not mean that.
     errno = 0;
     if (!std::ofstream(destination, std::ios::binary | std::ios::app).is_open()) {
@@ -73,9 +68,8 @@ fs::path unusedNameIn(const fs::path& folder) {
         const auto result = std::to_chars(digits.data(), digits.data() + digits.size(),
                                           (std::uint64_t{random()} << 32) | random(), 16);
         fs::path place = folder / ("rasterplan-" + std::string(digits.data(), result.ptr) + ".tmp");
-        if (!fs::exists(fs::symlink_status(place, ignored))) {
+        if (!fs::exists(fs::symlink_status(place, ignored)))
             return place;
-        }
     }
 }
 
@@ -101,9 +95,8 @@ std::uintmax_t PendingDrawing::check(std::size_t images) const {
             ": the drawing came out incomplete and was discarded; the disk is probably full: make room and "
             "try again");
     }
-    if (drawing.images >= images && drawing.imageDefinitions >= images) {
+    if (drawing.images >= images && drawing.imageDefinitions >= images)
         return drawing.size;
-    }
     if (drawing.images == drawing.imageDefinitions && drawing.images > 0) { // the library left some out
         throw ExportFailed(
             name + ": only " + std::to_string(drawing.images) + " of the " + std::to_string(images) +

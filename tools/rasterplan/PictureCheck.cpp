@@ -12,7 +12,6 @@
 #include <string_view>
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr double pixelTolerance = 0.5;
@@ -28,9 +27,8 @@ std::string sizeText(double width, double height) {
 void checkSize(const std::string& where, const ImageParam& image, PixelSize size, Console& console) {
     const double width = image.getNumPixelWidth();
     const double height = image.getNumPixelHeight();
-    if (agrees(size.width, width) && agrees(size.height, height)) {
+    if (agrees(size.width, width) && agrees(size.height, height))
         return;
-    }
     const double fitting = size.width / image.getImgWidth();
     const std::string hint =
         agrees(size.height, fitting * image.getImgHeight())

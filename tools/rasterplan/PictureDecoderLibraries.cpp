@@ -13,7 +13,6 @@
 #include <png.h>
 
 namespace rasterplan_tool {
-
 namespace {
 
 struct CloseFile {
@@ -51,9 +50,8 @@ struct JpegErrors {
 void ignoreJpegWarning(j_common_ptr, int) {}
 
 bool readJpegHeader(std::FILE* file, jpeg_decompress_struct& codec, JpegErrors& errors) {
-    if (setjmp(errors.leave) != 0) {
+    if (setjmp(errors.leave) != 0)
         return false;
-    }
     jpeg_create_decompress(&codec);
     jpeg_stdio_src(&codec, file);
     jpeg_read_header(&codec, TRUE);

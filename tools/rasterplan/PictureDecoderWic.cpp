@@ -8,7 +8,6 @@
 #include <wincodec.h>
 
 namespace rasterplan_tool {
-
 namespace {
 
 struct ReleaseObject {
@@ -22,9 +21,8 @@ public:
     ComApartment()
         : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED))) {}
     ~ComApartment() {
-        if (m_entered) {
+        if (m_entered)
             CoUninitialize();
-        }
     }
     ComApartment(const ComApartment&) = delete;
     ComApartment& operator=(const ComApartment&) = delete;
@@ -36,9 +34,8 @@ private:
 ComPointer<IWICImagingFactory> createFactory() {
     void* created = nullptr;
     if (FAILED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_IWICImagingFactory, &created))) {
+                                IID_IWICImagingFactory, &created)))
         throw PictureError("this system's picture decoder is missing");
-    }
     return ComPointer<IWICImagingFactory>(static_cast<IWICImagingFactory*>(created));
 }
 
@@ -54,16 +51,14 @@ PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat forma
     const ComPointer<IWICBitmapDecoder> decoder(createdDecoder);
 
     IWICBitmapFrameDecode* createdFrame = nullptr;
-    if (SUCCEEDED(result)) {
+    if (SUCCEEDED(result))
         result = decoder->GetFrame(0, &createdFrame);
-    }
     const ComPointer<IWICBitmapFrameDecode> frame(createdFrame);
 
     UINT width = 0;
     UINT height = 0;
-    if (SUCCEEDED(result)) {
+    if (SUCCEEDED(result))
         result = frame->GetSize(&width, &height);
-    }
     if (FAILED(result)) {
         throw PictureError(format == PictureFormat::Png ? "the PNG header is damaged"
                                                         : "the JPEG header is damaged");

@@ -12,7 +12,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 struct Signature {
@@ -30,12 +29,10 @@ constexpr std::array<Signature, 2> signatures{{
 PixelSize readPixelSize(const fs::path& file) {
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
-    if (!fs::exists(status)) {
+    if (!fs::exists(status))
         throw PictureError("there is no such file");
-    }
-    if (!fs::is_regular_file(status)) {
+    if (!fs::is_regular_file(status))
         throw PictureError("this is not a file");
-    }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     if (!stream.is_open()) {
@@ -46,11 +43,9 @@ PixelSize readPixelSize(const fs::path& file) {
     stream.read(buffer.data(), buffer.size());
     const std::string_view beginning(buffer.data(), static_cast<std::size_t>(stream.gcount()));
     stream.close();
-    for (const Signature& signature : signatures) {
-        if (beginning.starts_with(signature.bytes)) {
+    for (const Signature& signature : signatures)
+        if (beginning.starts_with(signature.bytes))
             return decodePixelSize(file, signature.format);
-        }
-    }
     throw PictureError("the file is neither PNG nor JPEG");
 }
 

@@ -18,9 +18,8 @@ Deviation deviationFrom(const Plane& plane, const ImageParam& image) {
     for (const TripleDouble& fromLeftBottom :
          {TripleDouble(), alongBottom, alongLeft, alongBottom + alongLeft}) {
         const double distance = dot((leftBottom - plane.origin) + fromLeftBottom, normal);
-        if (std::abs(distance) > std::abs(deviation.distance)) {
+        if (std::abs(distance) > std::abs(deviation.distance))
             deviation.distance = distance;
-        }
     }
     deviation.angleDegrees = angleDegrees(image.getViewDir(), normal);
     deviation.turnDegrees = angleDegrees(image.getImgVVector(), y);

@@ -12,7 +12,6 @@
 #include <string>
 
 namespace rasterplan_tool {
-
 namespace {
 
 using Row = std::vector<std::string>;
@@ -22,11 +21,9 @@ enum class Align { Left, Right };
 // Every column is as wide as its longest text. The last one may hold any text and is not padded.
 void printTable(std::ostream& out, const std::vector<Align>& columns, const std::vector<Row>& rows) {
     std::vector<std::size_t> widths(columns.size());
-    for (const Row& row : rows) {
-        for (std::size_t i = 0; i < columns.size(); ++i) {
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < columns.size(); ++i)
             widths[i] = std::max(widths[i], row[i].size());
-        }
-    }
     for (const Row& row : rows) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
             const bool last = i + 1 == columns.size();
@@ -112,9 +109,8 @@ void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<
     for (std::size_t i = 0; i < images.size(); ++i) {
         const Deviation deviation = deviationFrom(plane, images[i]);
         std::string text;
-        if (deviation.angleDegrees > tolerance.angleDegrees) {
+        if (deviation.angleDegrees > tolerance.angleDegrees)
             append(text, "the angle out of it is " + fixedText(deviation.angleDegrees, 3) + " degrees");
-        }
         if (std::abs(deviation.distance) > tolerance.distance) {
             append(text, "the distance is " + fixedText(deviation.distance, 6) + ' ' +
                              std::string(unitName(manifest.images.back().unit)));

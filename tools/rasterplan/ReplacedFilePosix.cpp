@@ -7,9 +7,8 @@ namespace rasterplan_tool {
 
 void takeOver(const std::filesystem::path& replaced, const std::filesystem::path& file) noexcept {
     struct stat before {};
-    if (stat(replaced.c_str(), &before) != 0) {
+    if (stat(replaced.c_str(), &before) != 0)
         return;
-    }
     constexpr auto sameOwner = static_cast<uid_t>(-1);
     // The superuser may give files away, others may choose among their groups. The permissions come last: a
     // change of the owner clears some of them.

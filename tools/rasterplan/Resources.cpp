@@ -3,7 +3,6 @@
 #include "Failure.h"
 
 namespace rasterplan_tool {
-
 namespace {
 
 bool hasRunOut = false; // a new handler takes no argument
@@ -29,15 +28,13 @@ bool MemoryWatch::ranOut() const noexcept {
 }
 
 void MemoryWatch::require() const {
-    if (hasRunOut) {
+    if (hasRunOut)
         throw std::bad_alloc();
-    }
 }
 
 void throwIfExhausted(const std::error_code& error) {
-    if (error == std::errc::not_enough_memory) {
+    if (error == std::errc::not_enough_memory)
         throw std::bad_alloc();
-    }
     if (error == std::errc::too_many_files_open || error == std::errc::too_many_files_open_in_system) {
         throw ExportFailed(
             "no further file can be opened, because too many are open; close other programs or raise the "

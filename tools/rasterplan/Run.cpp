@@ -24,7 +24,6 @@
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr double defaultAngleTolerance = 1.0;
@@ -88,9 +87,8 @@ RasterPlanWriter::ErrorEnum write(RasterPlanWriter& drawing, const std::optional
     try {
         const RasterPlanWriter::ErrorEnum result =
             plane ? drawing.create2DDxf(plane->origin, plane->xAxis, plane->yAxis) : drawing.create3DDxf();
-        if (result == RasterPlanWriter::CannotOpenOutput || result == RasterPlanWriter::CannotOpenTemplate) {
+        if (result == RasterPlanWriter::CannotOpenOutput || result == RasterPlanWriter::CannotOpenTemplate)
             throwIfExhausted(errno);
-        }
         return result;
     } catch (const Failure&) {
         throw;
@@ -145,9 +143,8 @@ void writeDrawing(const CommandLine& commandLine, Console& console, const Memory
             ": so far from the plane's origin the images have lost their shape; give an --origin "
             "near them");
     }
-    if (result != RasterPlanWriter::Success) {
+    if (result != RasterPlanWriter::Success)
         throw ExportFailed(quoted(pending.destination()) + ": " + std::string(writeResultText(result)));
-    }
     const std::uintmax_t size = pending.check(images.size());
     memory.require();
     // Printed first: where that fails, the run has failed and the old drawing stays.

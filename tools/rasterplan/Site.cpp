@@ -8,7 +8,6 @@
 #include <algorithm>
 
 namespace rasterplan_tool {
-
 namespace {
 
 constexpr double shortestSide = 1e-10;
@@ -65,11 +64,10 @@ void addImages(RasterPlanWriter& drawing, const Manifest& manifest, const std::v
         } catch (const std::exception&) {
             // the image's own coordinate frame is singular: no rectangle either
         }
-        if (result == RasterPlanWriter::InvalidGeometry) {
+        if (result == RasterPlanWriter::InvalidGeometry)
             failures.add(manifest.where(i) + ": " + noRectangleText(images[i]));
-        } else if (result != RasterPlanWriter::Success) {
+        else if (result != RasterPlanWriter::Success)
             throw ExportFailed(manifest.where(i) + ": " + std::string(writeResultText(result)));
-        }
     }
     failures.throwIfAny();
 }
@@ -84,12 +82,10 @@ Plane proposePlane(const RasterPlanWriter& drawing) {
     } catch (const std::exception&) {
         // the plane's frame is singular: no common plane either
     }
-    if (result != RasterPlanWriter::Success && result != RasterPlanWriter::InvalidGeometry) {
+    if (result != RasterPlanWriter::Success && result != RasterPlanWriter::InvalidGeometry)
         throw ExportFailed(std::string(writeResultText(result)));
-    }
-    if (result == RasterPlanWriter::InvalidGeometry || !spansPlane(plane)) {
+    if (result == RasterPlanWriter::InvalidGeometry || !spansPlane(plane))
         throw BadInput(std::string(noPlaneText));
-    }
     return plane;
 }
 

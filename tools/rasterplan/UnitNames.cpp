@@ -4,7 +4,6 @@
 #include <array>
 
 namespace rasterplan_tool {
-
 namespace {
 
 struct UnitName {

@@ -5,7 +5,6 @@
 #include <cstddef>
 
 namespace rasterplan_tool {
-
 namespace {
 
 // The beginning of a text: a character, or a byte that begins none.
@@ -60,14 +59,12 @@ Unit firstUnit(std::string_view text) {
     const auto* const sequence = std::find_if(sequences.begin(), sequences.end(), [&](const Sequence& each) {
         return (byte(0) & each.mask) == each.lead;
     });
-    if (sequence == sequences.end() || sequence->length > text.size()) {
+    if (sequence == sequences.end() || sequence->length > text.size())
         return noCharacter;
-    }
     char32_t code = byte(0) & static_cast<unsigned char>(~sequence->mask);
     for (std::size_t i = 1; i < sequence->length; ++i) {
-        if ((byte(i) & 0xC0U) != 0x80U) {
+        if ((byte(i) & 0xC0U) != 0x80U)
             return noCharacter;
-        }
         code = code << 6U | (byte(i) & 0x3FU);
     }
     const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
@@ -98,9 +95,8 @@ private:
     void appendCode(char kind, char32_t code, int digits) {
         append('\\');
         append(kind);
-        for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+        for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
             append("0123456789abcdef"[code >> shift & 0xFU]);
-        }
     }
 
     std::array<char, 8> m_text{};
@@ -132,9 +128,8 @@ void printVisible(std::ostream& stream, std::string_view text) {
 bool breaksLines(std::string_view text) {
     while (!text.empty()) {
         const Unit unit = firstUnit(text);
-        if (unit.isCharacter && isIn(lineBreaking, unit.code)) {
+        if (unit.isCharacter && isIn(lineBreaking, unit.code))
             return true;
-        }
         text.remove_prefix(unit.length);
     }
     return false;

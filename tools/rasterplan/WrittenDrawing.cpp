@@ -9,7 +9,6 @@
 #include <string_view>
 
 namespace rasterplan_tool {
-
 namespace {
 
 std::string_view trimmed(std::string_view line) {
@@ -28,9 +27,8 @@ public:
     void take(std::string_view line) {
         if (!m_valueIsNext) {
             const std::string_view code = trimmed(line);
-            if (code.empty()) {
+            if (code.empty())
                 return; // behind the last group
-            }
             m_beginsRecord = code == "0";
         } else {
             m_drawing.isComplete = false;
@@ -71,9 +69,8 @@ WrittenDrawing readBack(const std::filesystem::path& drawing) {
         text.resize(kept + added);
         result.size += added;
         if (added == 0) {
-            if (!text.empty()) {
+            if (!text.empty())
                 counter.take(text);
-            }
             return result;
         }
         std::string_view rest = text;

@@ -4,7 +4,7 @@ import copy
 import math
 
 from geometry import (DEFAULT_TOLERANCE, Plane, add, cross, distance, inverse, is_parallel, is_perpendicular, is_zero,
-                      mapped, normalised, over, placement, quotient, sub, times, twist_of)
+                      mapped, normalized, over, placement, quotient, sub, times, twist_of)
 
 RIGHT_ANGLE = 0.001
 EMPTY_BOX = 4294967295.0
@@ -37,8 +37,8 @@ class Image:
         self.height = distance(left_top, left_bottom)
         self.width = distance(left_bottom, right_bottom)
         self.lb = left_bottom
-        self.u = normalised(sub(right_bottom, left_bottom))
-        self.v = normalised(sub(left_top, left_bottom))
+        self.u = normalized(sub(right_bottom, left_bottom))
+        self.v = normalized(sub(left_top, left_bottom))
         self.direction = cross(self.u, self.v)
 
     def corners(self):
@@ -150,16 +150,16 @@ class Drawing:
         n = float(len(self.images))
         total = ZERO
         for image in self.images:
-            total = add(total, normalised(Plane(image.lb, cross(image.u, image.v)).normal))
-        normal = normalised(over(total, n))
+            total = add(total, normalized(Plane(image.lb, cross(image.u, image.v)).normal))
+        normal = normalized(over(total, n))
         offsets = us = ZERO
         for image in self.images:
             offsets = add(offsets, Plane(sub(image.lb, first.lb), normal).project(ZERO))
             us = add(us, image.u)
         middle = over(offsets, n)
-        x = normalised(over(us, n))
+        x = normalized(over(us, n))
         y = cross(normal, x)
-        z = normalised(cross(x, y))
+        z = normalized(cross(x, y))
         plane = Plane(middle, normal)
         to_local = inverse(placement(x, y, z, middle))
         entries = []
@@ -177,7 +177,7 @@ class Drawing:
         moved = Drawing()
         for image in self.images:
             moved.add(image.moved(times(origin, -1.0)))
-        x, y = normalised(x_axis), normalised(y_axis)
+        x, y = normalized(x_axis), normalized(y_axis)
         to_plane = inverse(placement(x, y, cross(x, y), ZERO))
         lift = (0.0, origin[2], 0.0)
         flat = Drawing()

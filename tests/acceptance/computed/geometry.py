@@ -70,7 +70,7 @@ def length(a):
     return largest * math.sqrt(dot(scaled, scaled))
 
 
-def normalised(a):
+def normalized(a):
     divisor = length(a)
     if divisor == 0.0:
         raise GeometryError(ZERO_VECTOR)
@@ -84,20 +84,20 @@ def is_zero(a, tolerance):
 def is_parallel(a, b, tolerance):
     if is_zero(a, tolerance) or is_zero(b, tolerance):
         return False
-    return is_zero(cross(normalised(a), normalised(b)), tolerance)
+    return is_zero(cross(normalized(a), normalized(b)), tolerance)
 
 
 def is_perpendicular(a, b, tolerance):
     if is_zero(a, tolerance) or is_zero(b, tolerance):
         return False
-    return abs(dot(normalised(a), normalised(b))) <= tolerance
+    return abs(dot(normalized(a), normalized(b))) <= tolerance
 
 
 class Plane:
     def __init__(self, point, normal):
         if length(normal) == 0.0:
             raise GeometryError(ZERO_NORMAL)
-        self.normal = normalised(normal)
+        self.normal = normalized(normal)
         self.d = -dot(self.normal, point)
 
     def project(self, p):

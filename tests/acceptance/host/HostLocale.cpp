@@ -18,10 +18,9 @@
 #endif
 
 namespace rasterplan::test {
-
 namespace {
 
-/// Where the C++ library knows no locale by name: what differs in the German one.
+// Where the C++ library knows no locale by name: what differs in the German one.
 class CommaPunctuation : public std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
     char do_thousands_sep() const override { return '.'; }

@@ -9,7 +9,6 @@
 #include <string>
 
 namespace rasterplan::test {
-
 namespace {
 
 std::string hexadecimal(double number) {

@@ -14,10 +14,9 @@
 #include <stdexcept>
 
 namespace rasterplan::test {
-
 namespace {
 
-/// The words of one line, taken off one by one.
+// The words of one line, taken off one by one.
 class Words {
 public:
     explicit Words(std::string_view line)
@@ -111,7 +110,7 @@ private:
         forgetOldDrawing();
     }
 
-    /// A report must not show what an earlier facade wrote.
+    // A report must not show what an earlier facade wrote.
     void forgetOldDrawing() const {
         if (m_reports)
             std::filesystem::remove(m_output);

@@ -19,7 +19,7 @@ void expectTriple(const TripleDouble& actual, double x, double y, double z) {
     EXPECT_EQ(actual.z, z);
 }
 
-/// Three metres wide and two high, in the xy plane.
+// Three metres wide and two high, in the xy plane.
 ImageParam threeByTwo() {
     ImageParam image(L"south.png");
     image.setImageCorners({0, 2, 0}, {0, 0, 0}, {3, 0, 0});

@@ -40,7 +40,7 @@ std::string byPrintf(double value, int precision) {
     return std::string(text.data()).substr(0, ZelkBase::fixedTextCapacity);
 }
 
-/// The value and its neighbours, each with either sign, against std::to_chars. False at a difference.
+// The value and its neighbours, each with either sign, against std::to_chars. False at a difference.
 bool agreesAround(double value) {
     for (const double near : {std::nextafter(value, 0.0), value, std::nextafter(value, Limits::infinity())})
         for (const double number : {near, -near})
@@ -57,7 +57,7 @@ constexpr int randomCount = 400'000; // of each kind
 constexpr int randomCount = 50'000;
 #endif
 
-/// Compares `randomCount` numbers of a kind with std::to_chars, and every 16th with snprintf.
+// Compares `randomCount` numbers of a kind with std::to_chars, and every 16th with snprintf.
 template <typename Draw>
 void expectAgreement(Draw draw) {
     std::mt19937_64 random(20100704);

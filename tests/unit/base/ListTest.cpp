@@ -13,7 +13,7 @@ using ZelkBase::Text;
 
 namespace {
 
-/// Counts its deletions.
+// Counts its deletions.
 struct Counted {
     explicit Counted(int& counter)
         : deletions(counter) {}

@@ -22,7 +22,7 @@ using Limits = std::numeric_limits<double>;
 using ZelkBase::parseNumber;
 using ZelkBase::printedValue;
 
-/// Compares bits, so that the sign of zero counts; every NaN is the same.
+// Compares bits, so that the sign of zero counts; every NaN is the same.
 std::uint64_t bitsOf(double value) {
     return std::bit_cast<std::uint64_t>(std::isnan(value) ? Limits::quiet_NaN() : value);
 }
@@ -32,7 +32,7 @@ double readBack(double value) {
     return parseNumber(std::wstring(text.begin(), text.end()));
 }
 
-/// The message of the exception that std::stod or parseNumber ends with; empty without one.
+// The message of the exception that std::stod or parseNumber ends with; empty without one.
 template <typename Parse>
 std::string failureOf(Parse parse) {
     try {

@@ -14,7 +14,7 @@ using ZelkBase::Text;
 
 namespace {
 
-/// Numbers as in "1.234,5".
+// Numbers as in "1.234,5".
 class CommaPoint : public std::numpunct<wchar_t> {
     wchar_t do_decimal_point() const override { return L','; }
     wchar_t do_thousands_sep() const override { return L'.'; }

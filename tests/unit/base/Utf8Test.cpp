@@ -12,7 +12,7 @@ using ZelkBase::toUtf8;
 
 constexpr bool hasWideCodePoints = sizeof(wchar_t) > 2;
 
-/// The text of one wide character of this code.
+// The text of one wide character of this code.
 std::wstring character(std::uint32_t code) {
     return std::wstring(1, static_cast<wchar_t>(code));
 }

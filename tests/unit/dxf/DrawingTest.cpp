@@ -35,7 +35,7 @@ std::vector<Segment> segmentsOf(const ImageParam& image) {
     return segments;
 }
 
-/// The record of the viewport.
+// The record of the viewport.
 std::string viewOf(const Drawing& drawing) {
     return writtenBytes([&](OutputBuffer& out) { drawing.viewport.createSection().render(out); });
 }
@@ -120,9 +120,8 @@ TEST(Drawing, RefusedImageChangesNothing) {
              imageAt({0, 1, 0}, {-infinity, 0, 0}, {1, 0, 0}),              //
              imageAt({0, 1, infinity}, {0, 0, infinity}, {1, 0, infinity}), //
              imageAt({0, 1e200, 0}, {0, 0, 0}, {1e200, 0, 0}), // lengths beyond the largest double
-         }) {
+         })
         EXPECT_FALSE(drawing.add(image)) << image.getImgWidth() << " x " << image.getImgHeight();
-    }
     EXPECT_EQ(drawing.images.count(), 1);
     EXPECT_EQ(viewOf(drawing), view);
 }

@@ -13,7 +13,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// A picture of 640 x 480 pixels, 64 to the metre.
+// A picture of 640 x 480 pixels, 64 to the metre.
 const ImageParam picture = imageAt({1, 9.5, 3}, {1, 2, 3}, {11, 2, 3}, 64.0, L"C:\\site\\S\u00FCd.png");
 
 constexpr ImageHandles handles{Handle{0x7E}, Handle{0x7F}, Handle{0x80}};

@@ -9,7 +9,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// Scales x, y and z.
+// Scales x, y and z.
 MathMatrix scaling(double x, double y, double z) {
     return MathMatrix::placement({}, {x, 0, 0}, {0, y, 0}, {0, 0, z});
 }

@@ -24,7 +24,7 @@ using Texts = std::vector<std::string>;
 
 const ReferencePlane level{{}, {1, 0, 0}, {0, 1, 0}};
 
-/// Beside an origin so far away coordinates are multiples of 2, and oblique images are left out.
+// Beside an origin so far away coordinates are multiples of 2, and oblique images are left out.
 const ReferencePlane far{{1e16, 0, 0}, {1, 0, 0}, {0, 1, 0}};
 
 ImageParam oblique(const wchar_t* path) {
@@ -33,7 +33,7 @@ ImageParam oblique(const wchar_t* path) {
 
 class DxfSectionRegistryTest : public testing::Test {
 protected:
-    /// Adds images of 4 x 2, the first one at zero and each 10 to the right of the last.
+    // Adds images of 4 x 2, the first one at zero and each 10 to the right of the last.
     void addImages(int count) {
         for (int i = 0; i < count; ++i)
             add(levelImage({10.0 * drawing.images.count(), 0, 0}, 4, 2));
@@ -50,7 +50,7 @@ protected:
         return texts;
     }
 
-    /// The values of a code in the records of a key.
+    // The values of a code in the records of a key.
     Texts values(TopLevelKey key, int code) const {
         Texts found;
         for (const DxfGroup& group : readGroups(text(key)))

@@ -14,7 +14,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// What the viewport writes.
+// What the viewport writes.
 struct View {
     MathVector3d direction;
     MathPoint3d target;
@@ -35,7 +35,7 @@ View viewOf(const DxfViewPortObj& viewport) {
     return {section.direction, section.target, section.twist, section.height, section.ratio};
 }
 
-/// U is x and V is z: a wall that faces the negative y direction.
+// U is x and V is z: a wall that faces the negative y direction.
 ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
     const TripleDouble& corner = leftBottom;
     return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});

@@ -13,7 +13,7 @@ namespace {
 const MathVector3d alongX(1, 0, 0);
 const MathVector3d upwards(0, 0, 1);
 
-/// U is x and V is z: a wall that faces the negative y direction.
+// U is x and V is z: a wall that faces the negative y direction.
 ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
     const TripleDouble& corner = leftBottom;
     return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});

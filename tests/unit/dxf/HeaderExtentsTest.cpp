@@ -15,7 +15,7 @@ namespace {
 using Limits = std::numeric_limits<double>;
 using Point = MathPoint3d;
 
-/// The extents of these images, in this order.
+// The extents of these images, in this order.
 HeaderExtents extentsOf(std::initializer_list<ImageParam> images) {
     HeaderExtents extents;
     for (const ImageParam& image : images)
@@ -23,7 +23,7 @@ HeaderExtents extentsOf(std::initializer_list<ImageParam> images) {
     return extents;
 }
 
-/// An image in the yz plane, so that its far corner has its own x.
+// An image in the yz plane, so that its far corner has its own x.
 ImageParam standingAt(double x) {
     return imageAt({x, 0, 1}, {x, 0, 0}, {x, 1, 0});
 }

@@ -22,7 +22,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// A pair as records.txt has it.
+// A pair as records.txt has it.
 struct Line {
     std::string code;
     std::string codeKey;
@@ -62,7 +62,7 @@ std::map<std::string, Lines> expectedRecords() {
     return records;
 }
 
-/// A record of the product: its table, and what it writes.
+// A record of the product: its table, and what it writes.
 struct Record {
     const char* name;
     Lines lines;

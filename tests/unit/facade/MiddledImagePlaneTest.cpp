@@ -23,7 +23,7 @@ Drawing drawingOf(std::initializer_list<ImageParam> images) {
     return drawing;
 }
 
-/// U is x and V is z: a wall that faces the negative y direction.
+// U is x and V is z: a wall that faces the negative y direction.
 ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
     const TripleDouble& corner = leftBottom;
     return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});

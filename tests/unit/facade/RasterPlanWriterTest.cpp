@@ -16,7 +16,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// A facade that writes to a folder of its own.
+// A facade that writes to a folder of its own.
 class RasterPlanWriterFacade : public testing::Test {
 protected:
     std::string drawing() const { return readBytes(path()); }

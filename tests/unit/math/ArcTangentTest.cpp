@@ -18,7 +18,7 @@ struct Angle {
     double y, x, expected;
 };
 
-/// Which of two doubles is meant, where zeros have a sign.
+// Which of two doubles is meant, where zeros have a sign.
 std::uint64_t bits(double value) {
     return std::bit_cast<std::uint64_t>(value);
 }

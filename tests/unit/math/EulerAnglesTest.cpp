@@ -14,7 +14,7 @@ namespace {
 
 constexpr double pi = 3.141592653589793;
 
-/// The rotation about axis 0, 1 or 2 that takes the axis behind it towards the one behind that.
+// The rotation about axis 0, 1 or 2 that takes the axis behind it towards the one behind that.
 MathMatrix rotation(int axis, double angle) {
     MathMatrix matrix = MathMatrix::identity4();
     const int from = (axis + 1) % 3;
@@ -25,7 +25,7 @@ MathMatrix rotation(int axis, double angle) {
     return matrix;
 }
 
-/// Turns about the axes one after the other: about the static ones, or about those that turn along.
+// Turns about the axes one after the other: about the static ones, or about those that turn along.
 MathMatrix recompose(const std::array<int, 3>& axes, bool rotating, const EulerAngles& angles) {
     const MathMatrix first = rotation(axes[0], angles.first);
     const MathMatrix second = rotation(axes[1], angles.second);
@@ -58,7 +58,7 @@ std::vector<NumberedOrder> allOrders() {
     return orders;
 }
 
-/// Rotations whose angles are determined: none of them lets two axes coincide in any order.
+// Rotations whose angles are determined: none of them lets two axes coincide in any order.
 std::vector<MathMatrix> generalRotations() {
     std::vector<MathMatrix> rotations;
     for (const double a : {-3.0, -1.2, 0.4, 2.1})
@@ -68,7 +68,7 @@ std::vector<MathMatrix> generalRotations() {
     return rotations;
 }
 
-/// The 24 rotations that take axes to axes.
+// The 24 rotations that take axes to axes.
 std::vector<MathMatrix> axisRotations() {
     std::vector<MathMatrix> rotations;
     const MathVector3d units[] = {{1, 0, 0}, {-1, 0, 0}, {0, 1, 0}, {0, -1, 0}, {0, 0, 1}, {0, 0, -1}};

@@ -11,7 +11,7 @@ TEST(MathBox3d, StartsEmpty) {
     EXPECT_TRUE(box.isEmpty());
     EXPECT_EQ(box.min(), MathPoint3d(4294967295.0, 4294967295.0, 4294967295.0));
     EXPECT_EQ(box.max(), MathPoint3d(-4294967295.0, -4294967295.0, -4294967295.0));
-    EXPECT_EQ(box.centre(), MathPoint3d(0, 0, 0));
+    EXPECT_EQ(box.center(), MathPoint3d(0, 0, 0));
 }
 
 TEST(MathBox3d, FirstPointIsTheBox) {
@@ -20,7 +20,7 @@ TEST(MathBox3d, FirstPointIsTheBox) {
     EXPECT_FALSE(box.isEmpty());
     EXPECT_EQ(box.min(), MathPoint3d(1, 2, 3));
     EXPECT_EQ(box.max(), MathPoint3d(1, 2, 3));
-    EXPECT_EQ(box.centre(), MathPoint3d(1, 2, 3));
+    EXPECT_EQ(box.center(), MathPoint3d(1, 2, 3));
 }
 
 TEST(MathBox3d, WidensByComponentAndSaysSo) {
@@ -32,14 +32,14 @@ TEST(MathBox3d, WidensByComponentAndSaysSo) {
     EXPECT_TRUE(box.extend({0, 0, -6}));
     EXPECT_EQ(box.min(), MathPoint3d(0, -2, -6));
     EXPECT_EQ(box.max(), MathPoint3d(4, 0, 0));
-    EXPECT_EQ(box.centre(), MathPoint3d(2, -1, -3));
+    EXPECT_EQ(box.center(), MathPoint3d(2, -1, -3));
 }
 
 TEST(MathBox3d, CentreIsHalfTheExtentFromTheMinimum) {
     MathBox3d box;
     box.extend({1.3, 0, 0});
     box.extend({5.1, 0, 0});
-    EXPECT_EQ(box.centre().x, 0x1.999999999999ap+1); // half the sum is the double below
+    EXPECT_EQ(box.center().x, 0x1.999999999999ap+1); // half the sum is the double below
 }
 
 TEST(MathBox3d, NoNumberChangesNothing) {

@@ -24,7 +24,7 @@ void expectErrorNR(const Operation& operation, const wchar_t* text) {
     }
 }
 
-/// The largest deviation of a square matrix from the identity.
+// The largest deviation of a square matrix from the identity.
 double deviationFromIdentity(const MathMatrix& matrix) {
     double largest = 0;
     for (int row = 0; row < matrix.rows(); ++row)

@@ -13,7 +13,7 @@ constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double pi = 3.141592653589793;
 
-/// In the xy plane, at an angle in degrees from the x axis.
+// In the xy plane, at an angle in degrees from the x axis.
 MathVector3d direction(double degrees) {
     return {std::cos(degrees * pi / 180), std::sin(degrees * pi / 180), 0};
 }

@@ -25,7 +25,7 @@ std::wstring wide(const std::filesystem::path& path) {
     return wideText(utf8FromPath(path));
 }
 
-/// Whether programs that this one starts have the file open too.
+// Whether programs that this one starts have the file open too.
 bool isInherited(std::FILE* file) {
 #ifdef _WIN32
     DWORD flags = 0;

@@ -58,9 +58,9 @@ bool isPlaceholder(const std::string& line) {
     return line.starts_with('#');
 }
 
-/// The template's pairs. A placeholder line stands for whole header variables or whole records, and so
-/// becomes the pair that begins one: code 9 or 0 with the key as value. The text between two of them must be
-/// whole pairs.
+// The template's pairs. A placeholder line stands for whole header variables or whole records, and so
+// becomes the pair that begins one: code 9 or 0 with the key as value. The text between two of them must be
+// whole pairs.
 std::vector<DxfGroup> templateGroups() {
     std::vector<DxfGroup> groups;
     std::string text;
@@ -102,7 +102,7 @@ protected:
         return *found;
     }
 
-    /// The names in a table, in small letters: names of records do not differ by case alone.
+    // The names in a table, in small letters: names of records do not differ by case alone.
     std::set<std::string> namesIn(const std::string& type) const {
         std::set<std::string> names;
         for (const DxfRecord& record : all(type))
@@ -116,7 +116,7 @@ protected:
         return text;
     }
 
-    /// The entries of a dictionary by name. Throws where a name stands twice or has no handle beside it.
+    // The entries of a dictionary by name. Throws where a name stands twice or has no handle beside it.
     static std::map<std::string, std::string> entries(const DxfRecord& dictionary) {
         const std::vector<std::string> names = dictionary.values(3);
         const std::vector<std::string> handles = dictionary.values(350);
@@ -163,15 +163,13 @@ TEST_F(Template, HoldsEveryPlaceholderOnceInItsPlace) {
             found.emplace(record.type, record.section, record.table);
             EXPECT_TRUE(record.groups.empty()) << record.type << " cuts the record of line " << record.line;
         }
-        for (const DxfGroup& group : record.groups) {
+        for (const DxfGroup& group : record.groups)
             if (group.code == 9 && isPlaceholder(group.value))
                 found.emplace(group.value, record.section, "");
-        }
     }
     EXPECT_EQ(found, expected);
-    for (const DxfVariable& variable : headerVariables(records)) {
+    for (const DxfVariable& variable : headerVariables(records))
         EXPECT_EQ(variable.groups.empty(), isPlaceholder(variable.name)) << variable.name;
-    }
 }
 
 // Readers paint in file order, and only so do the lines lie on the pictures; some resolve a definition only
@@ -425,9 +423,8 @@ TEST_F(Template, HasHeaderVariablesThatNameWhatExists) {
     EXPECT_EQ(namesIn("STYLE").count(value("$TEXTSTYLE")), 1U);
     EXPECT_EQ(namesIn("DIMSTYLE").count(value("$DIMSTYLE")), 1U);
     EXPECT_EQ(namesIn("MLINESTYLE").count(value("$CMLSTYLE")), 1U);
-    for (const char* generated : {"$EXTMIN", "$EXTMAX", "$HANDSEED", "$INSUNITS"}) {
+    for (const char* generated : {"$EXTMIN", "$EXTMAX", "$HANDSEED", "$INSUNITS"})
         EXPECT_EQ(variables.count(generated), 0U) << generated << " would stand twice in the drawing";
-    }
 }
 
 TEST_F(Template, DeclaresTheClassesOfItsObjects) {

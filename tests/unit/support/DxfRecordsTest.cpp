@@ -9,7 +9,7 @@ namespace {
 
 using namespace rasterplan::test;
 
-/// The message of the error that reading `text` throws; empty if it throws none.
+// The message of the error that reading `text` throws; empty if it throws none.
 std::string readError(const char* text) {
     try {
         readRecords(readGroups(text));

@@ -13,7 +13,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-/// A record with every kind of value.
+// A record with every kind of value.
 struct Sample : DxfSection<Sample> {
     Handle handle{0x7E};
     std::int32_t integer = -3;
@@ -43,7 +43,7 @@ struct Sample : DxfSection<Sample> {
     // clang-format on
 };
 
-/// A record that begins and ends with a text.
+// A record that begins and ends with a text.
 struct Texts : DxfSection<Texts> {
     std::wstring_view first;
     std::wstring_view last;
@@ -68,7 +68,7 @@ std::string rendered(std::wstring_view first, std::wstring_view last) {
     return rendered(section);
 }
 
-/// The line behind the one that says `code`.
+// The line behind the one that says `code`.
 std::string valueIn(const std::string& record, const std::string& code) {
     const std::size_t begin = record.find("\r\n" + code + "\r\n") + code.size() + 4;
     return record.substr(begin, record.find("\r\n", begin) - begin);

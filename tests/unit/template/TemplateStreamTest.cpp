@@ -38,7 +38,7 @@ struct Streamed {
 
 using Expand = std::function<void(TopLevelKey, OutputBuffer&)>;
 
-/// Expands each key to "<number of the key>".
+// Expands each key to "<number of the key>".
 void expandToNumber(TopLevelKey key, OutputBuffer& out) {
     out.append('<' + std::to_string(static_cast<int>(key)) + ">\r\n");
 }
@@ -68,7 +68,7 @@ Streamed stopped(std::string bytes) {
     return {false, std::move(bytes)};
 }
 
-/// `count` letters, then `end`.
+// `count` letters, then `end`.
 std::string line(std::size_t count, std::string_view end) {
     std::string text(count, 'x');
     text += end;
@@ -149,10 +149,9 @@ TEST(TemplateStream, NumberSignBehindABlankIsText) {
 
 TEST(TemplateStream, EveryByteIsCopied) {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) {
+    for (int byte = 0; byte < 256; ++byte)
         if (byte != '\n')
             bytes += static_cast<char>(byte);
-    }
     EXPECT_EQ(streamed(bytes), complete(bytes + "\r\n"));
 }
 
