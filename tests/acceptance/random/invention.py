@@ -1,8 +1,8 @@
 """Invents scenes: each number gives one, always the same.
 
 Most are oblique, near the origin and with few pixels per unit, because there every step of a formula shows in the
-digits that are written. Among them are images that are refused, paths of every kind, planes that fit nothing, and
-writes in any order.
+digits that are written. Among them are images that are refused, paths of every kind, planes that fit nothing, planes so
+far off that only some images are left, and writes in any order.
 """
 
 import math
@@ -85,6 +85,8 @@ class Invention:
 
     def text(self):
         dice = self.dice
+        if dice.random() < 0.04:
+            return self.text_with_planes_far_off()
         self.lines.append("drawing missing/drawing.dxf" if dice.random() < 0.01 else "drawing")
         for _ in range(dice.choices((0, 1, 2, 3, 4), weights=(2, 25, 35, 28, 10))[0]):
             self.image()
@@ -99,6 +101,18 @@ class Invention:
             if dice.random() < 0.55:
                 self.plane()
             self.lines.append("write2d")
+        return "\n".join(self.lines) + "\n"
+
+    def text_with_planes_far_off(self):
+        """A document that shows some of the images only, and others of the same drawing behind it."""
+        dice = self.dice
+        self.lines.append("drawing")
+        for _ in range(dice.randint(2, 6)):
+            self.image(10.0 ** dice.uniform(0.0, 3.0))
+        self.plane(10.0 ** dice.uniform(12.5, 14.5))
+        self.lines += dice.choice((["write2d"], ["write2d", "write3d", "write2d"]))
+        for _ in range(dice.randint(0, 2)):
+            self.lines.append(dice.choice(("write2d", "write3d")))
         return "\n".join(self.lines) + "\n"
 
     def say(self, *words):
@@ -123,7 +137,7 @@ class Invention:
             return dice.uniform(1e-4, 1e-2) if self.place in ("near", "tiny") else dice.uniform(50.0, 900.0)
         return dice.uniform(0.1, 9.0)
 
-    def image(self):
+    def image(self, scale=1.0):
         dice = self.dice
         u, v = self.axes
         if self.agreement == "nearly":
@@ -140,8 +154,8 @@ class Invention:
         elif skew < 0.18:
             v = combined((1.0, v), (dice.uniform(-0.0009, 0.0009), u))
         corner = [self.coordinate() for _ in range(3)]
-        right = combined((1.0, corner), (self.side(), u))
-        top = combined((1.0, corner), (self.side(), v))
+        right = combined((1.0, corner), (scale * self.side(), u))
+        top = combined((1.0, corner), (scale * self.side(), v))
         if self.orientation == "along the axes" and dice.random() < 0.3:
             right, top = ([-0.0 if c == 0.0 else c for c in point] for point in (right, top))
         if dice.random() < 0.01:
@@ -153,7 +167,7 @@ class Invention:
             pixels = dice.choice(ODD_PIXELS)
         self.say("image", str(dice.choice(UNITS)), pixels, *top, *corner, *right, dice.choice(PATHS))
 
-    def plane(self):
+    def plane(self, distance=0.0):
         dice = self.dice
         x, y = self.axes
         kind = kinds(dice, own=35, any=25, scaled=15, skewed=15, odd=10)
@@ -167,7 +181,7 @@ class Invention:
             x, y = dice.choice((([0.0] * 3, y), (x, [-0.0] * 3), (x, x), ([1.0, 0.0, 0.0], [1.0, 0.0, 0.0]),
                                 ([0.48, 0.6, 0.64], [0.48, 0.6, 0.64]), ([1e-300, 0.0, 0.0], y),
                                 ([0.0, 0.0, 1.0], [0.0, -1.0, -0.0]), ([-0.0, -1.0, 0.0], [0.0, -0.0, 1.0])))
-        self.say("plane", *(self.coordinate() for _ in range(3)), *x, *y)
+        self.say("plane", *(self.coordinate() + distance * dice.choice((0.0, 1.0, -1.0)) for _ in range(3)), *x, *y)
 
 
 def invented(number):
