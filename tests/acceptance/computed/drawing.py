@@ -1,7 +1,6 @@
 """What a host describes and what becomes of it: images, their frames, the view, the plane, the flat drawing."""
 
 import copy
-import math
 
 from geometry import (DEFAULT_TOLERANCE, Plane, add, cross, distance, inverse, is_parallel, is_perpendicular, is_zero,
                       mapped, normalized, over, placement, quotient, sub, times, twist_of)

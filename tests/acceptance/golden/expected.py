@@ -17,8 +17,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "computed"))
 sys.dont_write_bytecode = True
-from drawing import Image, file_name  # noqa: E402,F401 (for readers/judge.py)
-from scenes import Player, described, played  # noqa: E402,F401
+from scenes import described, played  # noqa: E402
 
 
 def first_difference(golden, computed):

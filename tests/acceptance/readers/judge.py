@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Lets a program that reads drawings say what it finds in one, and compares that with what was to be drawn.
 
-    judge.py READER --scene SCENE DRAWING            what golden/expected.py computes for the scene
+    judge.py READER --scene SCENE DRAWING            what is computed for the scene
     judge.py READER --site SITE.json [--flat] DRAWING    the same for a site, in space or in its proposed plane
     judge.py READER --faults SCENE DRAWING           breaks the drawing in many ways, each of which must be seen
 
@@ -15,9 +15,11 @@ import sys
 import tempfile
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "golden"))
+sys.path[:0] = [str(Path(__file__).resolve().parent.parent / folder) for folder in ("computed", "golden")]
 sys.dont_write_bytecode = True
-import expected  # noqa: E402
+from drawing import Image, file_name  # noqa: E402
+from expected import first_difference  # noqa: E402
+from scenes import Player, described, played  # noqa: E402
 
 TEMPLATE = Path(__file__).resolve().parents[3] / "resources" / "PrepImageAbschnitte_2010.template"
 UNITS = ("Unitless Inches Feet Miles Millimeters Centimeters Meters Kilometers Microinches Mils Yards Angstroms "
@@ -44,18 +46,18 @@ class Drawn:
 
 
 def of_scene(scene):
-    player = expected.played(Path(scene), TEMPLATE)
-    return Drawn(expected.described(player.last), player.bytes)
+    player = played(Path(scene), TEMPLATE)
+    return Drawn(described(player.last), player.bytes)
 
 
 def of_site(site, flat):
     manifest = json.loads(Path(site).read_text("utf-8"))
-    player = expected.Player(TEMPLATE.read_bytes())
+    player = Player(TEMPLATE.read_bytes())
     player.do_drawing("")
     for entry in manifest["images"]:
         corners = [tuple(float(c) for c in entry[name]) for name in ("leftTop", "leftBottom", "rightBottom")]
         unit = UNITS.index(entry.get("unit", manifest.get("unit", "Meters")))
-        player.drawing.add(expected.Image(unit, float(entry["pixelsPerUnit"]), corners, entry["path"]))
+        player.drawing.add(Image(unit, float(entry["pixelsPerUnit"]), corners, entry["path"]))
     if len(player.drawing.images) != len(manifest["images"]):
         raise Finding("the site has images that are no rectangles")
     if flat:
@@ -63,7 +65,7 @@ def of_site(site, flat):
         player.do_write2d("")
     else:
         player.do_write3d("")
-    return Drawn(expected.described(player.last), player.bytes)
+    return Drawn(described(player.last), player.bytes)
 
 
 # ---- What the readers find. None where a reader passes over the images.
@@ -95,7 +97,7 @@ def read_ezdxf(drawing):
     if "ACAD_IMAGE_DICT" not in document.rootdict:
         raise Finding("no image dictionary")
     names = set(document.rootdict["ACAD_IMAGE_DICT"].keys())
-    if names != {expected.file_name(path) for _, path in images} - {""}:  # it drops entries without a name
+    if names != {file_name(path) for _, path in images} - {""}:  # it drops entries without a name
         raise Finding(f"entries {names} of the image dictionary")
     return images, [list(line.dxf.start) + list(line.dxf.end) for line in space.query("LINE")]
 
@@ -160,7 +162,7 @@ def judge(reader, drawing, wanted):
     if reader == "bytes":
         data = Path(drawing).read_bytes()
         if data != wanted.data:
-            raise Finding(expected.first_difference(data, wanted.data))
+            raise Finding(first_difference(data, wanted.data))
         return f"{len(data)} bytes"
     name, read = reader_named(reader)
     images, lines = read(drawing)
