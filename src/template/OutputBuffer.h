@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -43,7 +44,10 @@ public:
             flush();
         return m_block.get() + m_size;
     }
-    void commit(const char* end) noexcept { m_size = static_cast<std::size_t>(end - m_block.get()); }
+    void commit(const char* end) noexcept {
+        m_size = static_cast<std::size_t>(end - m_block.get());
+        assert(m_size <= blockSize);
+    }
 
     /// Bytes appended so far.
     std::uint64_t count() const noexcept { return m_flushed + m_size; }

@@ -56,6 +56,22 @@ struct Texts : DxfSection<Texts> {
     // clang-format on
 };
 
+/// A record that is little else than values.
+struct Values : DxfSection<Values> {
+    std::wstring_view text;
+    double real = std::numeric_limits<double>::max(); // has the longest text
+
+    // clang-format off
+    static consteval auto pairs() { return std::to_array<Pair<Self>>({
+        {"1",  &Self::text, L"#VEXO_A0#", L"#VEXO_B0#"},
+        {"40", &Self::real, L"#VEXO_A1#", L"#VEXO_B1#"},
+        {"41", &Self::real, L"#VEXO_A2#", L"#VEXO_B2#"},
+        {"42", &Self::real, L"#VEXO_A3#", L"#VEXO_B3#"},
+        {"43", &Self::real, L"#VEXO_A4#", L"#VEXO_B4#"},
+    }); }
+    // clang-format on
+};
+
 template <typename Section>
 std::string rendered(const Section& section) {
     return writtenBytes([&](OutputBuffer& out) { section.render(out); });
@@ -150,6 +166,24 @@ TEST(DxfSection, LosesNothingWhereABlockEnds) {
         }
     });
     EXPECT_EQ(written, expected);
+}
+
+TEST(DxfSection, LongestValuesHaveRoomWhereABlockEnds) {
+    const std::wstring wide(200, L'\u20AC');
+    for (const std::wstring_view text : {std::wstring_view(), std::wstring_view(wide)}) {
+        Values section;
+        section.text = text;
+        const std::string record = rendered(section);
+        for (std::size_t room = 0; room < 1200; room += 16) {
+            const std::string before(OutputBuffer::blockSize - room, 'x');
+            const std::string bytes = writtenBytes([&](OutputBuffer& out) {
+                out.append(before);
+                section.render(out);
+            });
+            ASSERT_TRUE(bytes == before + record)
+                << room << " bytes of room, " << text.size() << " characters";
+        }
+    }
 }
 
 TEST(DxfSection, CharacterBeyondUnicodeIsRefused) {

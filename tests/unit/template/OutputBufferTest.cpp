@@ -60,6 +60,17 @@ TEST(OutputBuffer, LosesNothingAtTheEdgesOfABlock) {
     }
 }
 
+TEST(OutputBuffer, FillsABlockToItsLastByte) {
+    for (std::size_t rest = 0; rest <= 4; ++rest) {
+        const std::string before(OutputBuffer::blockSize - rest, 'x');
+        const std::string bytes = writtenBytes([&](OutputBuffer& out) {
+            out.append(before);
+            out.append("abc");
+        });
+        EXPECT_EQ(bytes, before + "abc") << rest;
+    }
+}
+
 TEST(OutputBuffer, LosesNothingOfALongText) {
     std::wstring text;
     std::string bytes;

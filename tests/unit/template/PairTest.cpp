@@ -26,7 +26,8 @@ TEST(Pair, IsIncompleteWhereSomethingIsMissingOrInAnothersPlace) {
     EXPECT_FALSE((SamplePair{"0 ", "LINE", L"#VEXO_A#", L"#VEXO_B#"}.isComplete()));
     EXPECT_FALSE((SamplePair{"0", "LINE", L"", L"#VEXO_B#"}.isComplete()));
     EXPECT_FALSE((SamplePair{"0", "LINE", L"#VEXO_A#", L""}.isComplete()));
-    for (const wchar_t* const key : {L"LINE", L"#VEXO_#", L"#VEXO_B", L"VEXO_B#", L"#vexo_b#", L"##"}) {
+    for (const wchar_t* const key :
+         {L"LINE", L"#VEXO_#", L"#VEXO_B", L"#VEXO_BC", L"VEXO_B#", L"#vexo_b#", L"##"}) {
         EXPECT_FALSE((SamplePair{"0", "LINE", key, L"#VEXO_B#"}.isComplete())) << key;
         EXPECT_FALSE((SamplePair{"0", "LINE", L"#VEXO_A#", key}.isComplete())) << key;
     }
