@@ -15,7 +15,7 @@ struct Drawing {
     DxfViewPortObj viewport;
 
     /// Adds an image and widens the view by it; false, and nothing is added, unless it is a rectangle.
-    /// Throws std::bad_alloc; nothing is added then.
+    /// Throws std::bad_alloc; the view is not widened then, but the image may have been added.
     bool add(const ImageParam& image) {
         DxfImageObj object(image);
         if (!object.isRectangle())

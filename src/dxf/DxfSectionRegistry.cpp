@@ -11,7 +11,6 @@
 namespace rasterplan {
 
 void DxfSectionRegistry::addDocument(const std::optional<ReferencePlane>& plane) {
-    m_documents.reserve(m_documents.size() + 1);
     populateSections(buildSections(plane));
 }
 

@@ -275,20 +275,25 @@ TEST(AllocationFault, CopiesOfAnImageTakeNoMemory) {
 }
 
 TEST(AllocationFault, ImageThatIsNotAddedDoesNotWidenTheView) {
-    rasterplan::Drawing drawing;
-    bool threw = false;
-    {
-        const FailingAllocation failing(1);
-        try {
-            drawing.add(wall);
-        } catch (const std::bad_alloc&) {
-            threw = true;
+    bool failed = true;
+    for (long number = 1; failed; ++number) {
+        rasterplan::Drawing drawing;
+        bool threw = false;
+        {
+            const FailingAllocation failing(number);
+            try {
+                drawing.add(wall);
+            } catch (const std::bad_alloc&) {
+                threw = true;
+            }
+            failed = failing.hasFailed();
         }
+        EXPECT_EQ(threw, failed) << "allocation " << number;
+        EXPECT_TRUE(number > 1 || (threw && drawing.images.count() == 0));
+        // The first image decides where the view looks from.
+        EXPECT_EQ(drawing.viewport.createSection().direction == rasterplan::MathVector3d(), threw)
+            << "allocation " << number;
     }
-    EXPECT_TRUE(threw);
-    EXPECT_EQ(drawing.images.count(), 0);
-    // The first image decides where the view looks from.
-    EXPECT_EQ(drawing.viewport.createSection().direction, rasterplan::MathVector3d());
 }
 
 // What an operation answers whose first allocation ends in another failure.

@@ -194,6 +194,7 @@ TEST(ImageParam, AssignmentCopiesThePathToo) {
         source.setNumberPixelPerUnit(7.0);
         source.setDrawingUnit(Feet);
         EXPECT_EQ(&(copy = source), &copy);
+        EXPECT_STREQ(source.getImagePath(), L"south.png");
         source.setImagePath(L"other.png");
     }
     EXPECT_STREQ(copy.getImagePath(), L"south.png");
