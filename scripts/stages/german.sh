@@ -1,4 +1,4 @@
-# Everything again in a process whose locale writes a decimal comma.
+# Everything that runs the library again in a process whose locale writes a decimal comma.
 groups="build test"
 
 german() { # COMMAND...
@@ -9,7 +9,10 @@ german() { # COMMAND...
 
 check() {
     build development
-    run german german ctest --preset development
+    # What compilers and package tools do there depends on no locale of a host.
+    others='^(package\.|PublicHeaders\.|PairTable\.|FormatFixedProof$)'
+    [ "$mode" != long ] || others='^$'
+    run german german ctest --preset development -E "$others"
 }
 
 smoke() {

@@ -7,7 +7,6 @@ filter="-ModulePath.IsTheRunningProgram"
 slow="ParseNumber.AgreesWithTheStandardOnRandomTexts"
 slow="$slow:PrintedValue.IsWhatTheTextOfRandomNumbersReadsBackAs"
 slow="$slow:TemplateStream.TemplateCutAtAnyByteGivesTheDrawingsBeginning"
-slow="$slow:SlotArray.TextTooLongForItsPlaceIsRefused"
 slow="$slow:ArcTangent.LiesWithinTheLastBitsOfTheStandardOne"
 
 # Runs a program of tests, a share of them on every processor.
