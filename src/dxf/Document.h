@@ -4,6 +4,7 @@
 #include "dxf/Flattening.h"
 #include "dxf/Handles.h"
 
+#include <cassert>
 #include <cstdint>
 #include <optional>
 
@@ -85,7 +86,10 @@ public:
 
 private:
     bool shows(const DxfImageObj& image) const {
-        return m_document.images == m_document.imagesInDrawing || Flattening::shows(image, *m_document.plane);
+        if (m_document.images == m_document.imagesInDrawing)
+            return true;
+        assert(m_document.plane); // in space nothing is left out
+        return Flattening::shows(image, *m_document.plane);
     }
 
     const Document& m_document;
