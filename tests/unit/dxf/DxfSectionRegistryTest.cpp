@@ -247,6 +247,15 @@ TEST_F(DxfSectionRegistryTest, ImageAddedAfterADocumentHasNoEntryInTheDictionary
     EXPECT_EQ(values(HeaderHandSeed, 5), Texts{"A9"});
 }
 
+TEST_F(DxfSectionRegistryTest, DocumentThatFailsWidensTheExtentsByWhatItFilled) {
+    addImages(1);
+    registry.addDocument(std::nullopt);
+    add(levelImage({-7, 0, 0}, 4, 2));
+    add(levelImage({-70, 0, 0}, 4, 2));
+    EXPECT_NE(messageOfWrite(), "none");
+    EXPECT_EQ(values(HeaderExtMin, 10), Texts{"-7.00000000000000000"});
+}
+
 TEST_F(DxfSectionRegistryTest, EveryFurtherDocumentWithTheImageFails) {
     registry.addDocument(std::nullopt);
     addImages(1);
