@@ -210,6 +210,13 @@ TEST_F(DxfSectionRegistryTest, ExtentsAreThoseOfAllDocumentsAndTheViewThatOfTheL
     EXPECT_EQ(values(TableVPort, 51), Texts{"0.00000000000000000"});
 }
 
+TEST_F(DxfSectionRegistryTest, DefinitionHasTheSizeOfTheFlattenedImage) {
+    addImages(1);
+    registry.addDocument(ReferencePlane{{}, {1, 0, 0}, {1, 1, 0}}); // stretches heights
+    EXPECT_EQ(values(ObjectImageDef, 20), values(EntityImage, 23));
+    EXPECT_TRUE(values(ObjectImageDef, 20).front().starts_with("346.41"));
+}
+
 TEST_F(DxfSectionRegistryTest, ImageOnEdgeDoesNotTwistTheFlattenedView) {
     addImages(1);
     registry.addDocument(ReferencePlane{{}, {1, 0, 0}, {0, 0, 1}});
