@@ -97,10 +97,11 @@ public:
     ///
     /// Returns Success, NoImage (nothing is opened then), CannotOpenOutput, CannotOpenTemplate, DxfFailure
     /// (also for an origin that is NaN or infinite; the file has been overwritten then) or UnexpectedFailure.
-    /// Throws an exception derived from std::exception when an axis is zero, NaN or infinite, or when the
-    /// axes are equal or opposite and perpendicular to a coordinate axis; nothing has been opened then, and
-    /// it was no write. Other parallel axes may not be noticed and give coordinates without meaning. Throws
-    /// as create3DDxf where a path cannot be written. The object's own drawing is not changed.
+    /// Throws an exception derived from std::exception when an axis is zero, NaN or infinite (of the last two
+    /// not when the origin leaves no image), or when the axes are equal or opposite and
+    /// perpendicular to a coordinate axis; nothing has been opened then, and it was no write. Other parallel
+    /// axes may not be noticed and give coordinates without meaning. Throws as create3DDxf where a path
+    /// cannot be written. The object's own drawing is not changed.
     ///
     /// An origin so far off that the images' coordinates lose their digits beside it (for images of some
     /// metres from about 1e13 on) leaves images out, and further off ends with DxfFailure or an exception.

@@ -56,7 +56,7 @@ struct Texts : DxfSection<Texts> {
     // clang-format on
 };
 
-/// A record that is little else than values.
+// A record that is little else than values.
 struct Values : DxfSection<Values> {
     std::wstring_view text;
     double real = std::numeric_limits<double>::max(); // has the longest text
