@@ -7,7 +7,7 @@
 namespace rasterplan::test {
 namespace {
 
-enum class Kind { text, integer, boolean, real, handle };
+enum class Kind { Text, Integer, Boolean, Real, Handle };
 
 struct CodeRange {
     int first;
@@ -16,20 +16,20 @@ struct CodeRange {
 };
 
 constexpr CodeRange codeRanges[] = {
-    {5, 5, Kind::handle},      {10, 59, Kind::real},        {60, 99, Kind::integer},
-    {105, 105, Kind::handle},  {110, 149, Kind::real},      {160, 179, Kind::integer},
-    {210, 239, Kind::real},    {270, 289, Kind::integer},   {290, 299, Kind::boolean},
-    {320, 369, Kind::handle},  {370, 389, Kind::integer},   {390, 399, Kind::handle},
-    {400, 409, Kind::integer}, {420, 429, Kind::integer},   {440, 459, Kind::integer},
-    {460, 469, Kind::real},    {480, 481, Kind::handle},    {1005, 1005, Kind::handle},
-    {1010, 1059, Kind::real},  {1060, 1071, Kind::integer},
+    {5, 5, Kind::Handle},      {10, 59, Kind::Real},        {60, 99, Kind::Integer},
+    {105, 105, Kind::Handle},  {110, 149, Kind::Real},      {160, 179, Kind::Integer},
+    {210, 239, Kind::Real},    {270, 289, Kind::Integer},   {290, 299, Kind::Boolean},
+    {320, 369, Kind::Handle},  {370, 389, Kind::Integer},   {390, 399, Kind::Handle},
+    {400, 409, Kind::Integer}, {420, 429, Kind::Integer},   {440, 459, Kind::Integer},
+    {460, 469, Kind::Real},    {480, 481, Kind::Handle},    {1005, 1005, Kind::Handle},
+    {1010, 1059, Kind::Real},  {1060, 1071, Kind::Integer},
 };
 
 Kind kindOf(int code) {
     const auto* range =
         std::find_if(std::begin(codeRanges), std::end(codeRanges),
                      [code](const CodeRange& r) { return r.first <= code && code <= r.last; });
-    return range == std::end(codeRanges) ? Kind::text : range->kind;
+    return range == std::end(codeRanges) ? Kind::Text : range->kind;
 }
 
 [[noreturn]] void fail(int line, const std::string& what) {
@@ -67,11 +67,11 @@ public:
             m_rest = {};
         } else {
             m_rest.remove_prefix(end + 1);
-            const LineEnd found = text.ends_with('\r') ? LineEnd::crLf : LineEnd::lf;
-            if (m_lineEnd != LineEnd::unknown && found != m_lineEnd)
+            const LineEnd found = text.ends_with('\r') ? LineEnd::CrLf : LineEnd::Lf;
+            if (m_lineEnd != LineEnd::Unknown && found != m_lineEnd)
                 fail(m_line, "another line end than before");
             m_lineEnd = found;
-            if (found == LineEnd::crLf)
+            if (found == LineEnd::CrLf)
                 text.remove_suffix(1);
         }
         if (text.find('\r') != std::string_view::npos)
@@ -80,11 +80,11 @@ public:
     }
 
 private:
-    enum class LineEnd { unknown, lf, crLf };
+    enum class LineEnd { Unknown, Lf, CrLf };
 
     std::string_view m_rest;
     int m_line;
-    LineEnd m_lineEnd = LineEnd::unknown;
+    LineEnd m_lineEnd = LineEnd::Unknown;
 };
 
 } // namespace
@@ -113,7 +113,7 @@ std::vector<DxfGroup> readGroups(std::string_view text, int firstLine) {
 }
 
 bool isPointerCode(int code) {
-    return kindOf(code) == Kind::handle && code != 5 && code != 105;
+    return kindOf(code) == Kind::Handle && code != 5 && code != 105;
 }
 
 bool valueFitsCode(const DxfGroup& group) {
@@ -121,15 +121,15 @@ bool valueFitsCode(const DxfGroup& group) {
     double real = 0.0;
     unsigned long handle = 0;
     switch (kindOf(group.code)) {
-    case Kind::integer:
+    case Kind::Integer:
         return parsesWhole(group.value, integer);
-    case Kind::boolean:
+    case Kind::Boolean:
         return group.value == "0" || group.value == "1";
-    case Kind::real:
+    case Kind::Real:
         return parsesWhole(group.value, real);
-    case Kind::handle:
+    case Kind::Handle:
         return isHandle(group.value, handle);
-    case Kind::text:
+    case Kind::Text:
         break;
     }
     return true;
