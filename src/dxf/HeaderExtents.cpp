@@ -1,20 +1,8 @@
 #include "dxf/HeaderExtents.h"
 
-#include "base/ParseNumber.h"
-
 #include <cstddef>
-#include <limits>
 
 namespace rasterplan {
-
-HeaderExtents::Bound::Bound(double value_)
-    : value(value_)
-    , read(ZelkBase::printedValue(value_)) {}
-
-HeaderExtents::HeaderExtents() {
-    m_min.fill(Bound(std::numeric_limits<double>::max()));
-    m_max.fill(Bound(std::numeric_limits<double>::min()));
-}
 
 void HeaderExtents::updateHeaderFromImage(const ImageParam& image) {
     const TripleDouble leftBottom = image.getLeftBottomCorner();
@@ -24,10 +12,10 @@ void HeaderExtents::updateHeaderFromImage(const ImageParam& image) {
     for (const auto component : {&TripleDouble::x, &TripleDouble::y, &TripleDouble::z}) {
         const double corner = leftBottom.*component;
         if (m_min[axis].read > corner)
-            m_min[axis] = Bound(corner);
+            m_min[axis] = Bound{corner};
         if ((corner + u.*component) + v.*component > m_max[axis].read)
             m_max[axis] =
-                Bound((image.getImgWidth() * u.*component + corner) + image.getImgHeight() * v.*component);
+                Bound{(image.getImgWidth() * u.*component + corner) + image.getImgHeight() * v.*component};
         ++axis;
     }
     m_unit = image.getDrawingUnit();

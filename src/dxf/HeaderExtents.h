@@ -1,23 +1,23 @@
 #pragma once
 
+#include "base/ParseNumber.h"
 #include "math/MathPoint3d.h"
 
 #include <RasterPlanWriter/ImageParam.h>
 
 #include <array>
 #include <cstdint>
+#include <limits>
 
 namespace rasterplan {
 
 /// The header variables that follow the images: $EXTMIN, $EXTMAX and $INSUNITS.
 ///
+/// Without images $EXTMIN lies above every coordinate, $EXTMAX at the smallest positive double, which is
+/// written as zero, so that an axis on which every image lies below zero keeps zero; and the unit is metres.
 /// An extent is compared as a reader of the drawing knows it, rounded to the decimals that are written.
 class HeaderExtents {
 public:
-    /// Without images: $EXTMIN above every coordinate; $EXTMAX at the smallest positive double, which is
-    /// written as zero, so that an axis on which every image lies below zero keeps zero; and metres.
-    HeaderExtents();
-
     /// Widens the extents by one image and takes its unit, so that the last image decides.
     ///
     /// $EXTMIN is the least left-bottom corner. $EXTMAX becomes, axis by axis, the far corner of an image
@@ -31,15 +31,14 @@ public:
 
 private:
     struct Bound {
-        Bound() noexcept = default;
-        explicit Bound(double value_);
-
-        double value = 0.0;
-        double read = 0.0; ///< What a reader makes of it.
+        double value;
+        double read = ZelkBase::printedValue(value); ///< What a reader makes of it.
     };
+    static constexpr double highest = std::numeric_limits<double>::max();
+    static constexpr double leastPositive = std::numeric_limits<double>::min();
 
-    std::array<Bound, 3> m_min;
-    std::array<Bound, 3> m_max;
+    std::array<Bound, 3> m_min{Bound{highest}, Bound{highest}, Bound{highest}};
+    std::array<Bound, 3> m_max{Bound{leastPositive}, Bound{leastPositive}, Bound{leastPositive}};
     std::int32_t m_unit = Meters;
 };
 

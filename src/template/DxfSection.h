@@ -93,8 +93,7 @@ private:
     /// Room for the record without its texts of any length.
     static char* reserve(OutputBuffer& out) {
         using Layout = RecordLayout<Section>;
-        constexpr auto valueCapacity = std::max(ZelkBase::fixedTextCapacity, shortTextCapacity);
-        return out.reserve(Layout::capacity + Layout::valueCount * valueCapacity);
+        return out.reserve(Layout::capacity + Layout::valueCount * ZelkBase::fixedTextCapacity);
     }
 
     template <std::size_t Part>
@@ -131,7 +130,7 @@ private:
         return ZelkBase::formatFixed17(value, end);
     }
     static char* write(std::string_view text, char* end, OutputBuffer&) noexcept {
-        assert(text.size() <= shortTextCapacity);
+        assert(text.size() <= ZelkBase::fixedTextCapacity); // it is a short one
         return end + text.copy(end, text.size());
     }
     static char* write(std::wstring_view text, char* end, OutputBuffer& out) {

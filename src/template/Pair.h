@@ -13,9 +13,6 @@ namespace rasterplan {
 /// The number of a DXF handle; its text is upper-case hexadecimal.
 enum class Handle : std::uint32_t {};
 
-/// The most characters of a short text that a section holds, a std::string_view.
-inline constexpr std::size_t shortTextCapacity = 64;
-
 /// One coordinate of a member of a section.
 template <typename Section, typename Triple>
 struct Coordinate {

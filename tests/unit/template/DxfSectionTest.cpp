@@ -124,7 +124,7 @@ TEST(DxfSection, WritesTheLimitsOfItsValues) {
     EXPECT_EQ(valueIn(record, "2"), "");
     EXPECT_EQ(valueIn(record, "1"), "");
 
-    const std::string longest(shortTextCapacity, 'w');
+    const std::string longest(ZelkBase::fixedTextCapacity, 'w');
     sample.handle = Handle{0xFFFFFFFF};
     sample.integer = std::numeric_limits<std::int32_t>::max();
     sample.real = -0.1;
