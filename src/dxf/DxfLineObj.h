@@ -39,9 +39,6 @@ public:
         m_end = m_end + offset;
     }
 
-    const MathPoint3d& start() const noexcept { return m_start; }
-    const MathPoint3d& end() const noexcept { return m_end; }
-
 private:
     MathPoint3d m_start;
     MathPoint3d m_end;

@@ -31,7 +31,7 @@ std::vector<Segment> segmentsOf(const ImageParam& image) {
     EXPECT_TRUE(drawing.add(image));
     std::vector<Segment> segments;
     for (const DxfLineObj& line : drawing.images.head()->frameLines())
-        segments.push_back({line.start(), line.end()});
+        segments.push_back({line.createSection(Handle{}).start, line.createSection(Handle{}).end});
     return segments;
 }
 

@@ -34,22 +34,22 @@ TEST(DxfLineObj, TakesOneHandle) {
 TEST(DxfLineObj, IdentityTransformChangesNothing) {
     DxfLineObj object({1, 2, 3}, {-4, 5, -6});
     object.transform(MathMatrix::identity4(), MathMatrix::identity4());
-    EXPECT_EQ(object.start(), MathPoint3d(1, 2, 3));
-    EXPECT_EQ(object.end(), MathPoint3d(-4, 5, -6));
+    EXPECT_EQ(object.createSection(Handle{}).start, MathPoint3d(1, 2, 3));
+    EXPECT_EQ(object.createSection(Handle{}).end, MathPoint3d(-4, 5, -6));
 }
 
 TEST(DxfLineObj, OnlyXComesFromTheMatrix) {
     DxfLineObj object({1, 2, 3}, {-4, 5, -6});
     object.transform(scaling(2, 7, 7), MathMatrix::identity4());
-    EXPECT_EQ(object.start(), MathPoint3d(2, 2, 3));
-    EXPECT_EQ(object.end(), MathPoint3d(-8, 5, -6));
+    EXPECT_EQ(object.createSection(Handle{}).start, MathPoint3d(2, 2, 3));
+    EXPECT_EQ(object.createSection(Handle{}).end, MathPoint3d(-8, 5, -6));
 }
 
 TEST(DxfLineObj, YAndZComeFromTheFrame) {
     DxfLineObj object({1, 2, 3}, {-4, 5, -6});
     object.transform(MathMatrix::placement({1, 9, 9}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}), scaling(9, 10, 100));
-    EXPECT_EQ(object.start(), MathPoint3d(1 + 4 + 9 + 1, 20, 300));
-    EXPECT_EQ(object.end(), MathPoint3d(-4 + 10 - 18 + 1, 50, -600));
+    EXPECT_EQ(object.createSection(Handle{}).start, MathPoint3d(1 + 4 + 9 + 1, 20, 300));
+    EXPECT_EQ(object.createSection(Handle{}).end, MathPoint3d(-4 + 10 - 18 + 1, 50, -600));
 }
 
 TEST(DxfLineObj, EachMatrixDividesByItsOwnWeight) {
@@ -59,13 +59,13 @@ TEST(DxfLineObj, EachMatrixDividesByItsOwnWeight) {
     frame(3, 3) = 4;
     DxfLineObj object({8, 8, 8}, {16, 16, 16});
     object.transform(matrix, frame);
-    EXPECT_EQ(object.start(), MathPoint3d(4, 2, 2));
-    EXPECT_EQ(object.end(), MathPoint3d(8, 4, 4));
+    EXPECT_EQ(object.createSection(Handle{}).start, MathPoint3d(4, 2, 2));
+    EXPECT_EQ(object.createSection(Handle{}).end, MathPoint3d(8, 4, 4));
 }
 
 TEST(DxfLineObj, TranslationMovesBothEnds) {
     DxfLineObj object({0, 0, 0}, {1, 2, 3});
     object.translate({1, 1, 1});
-    EXPECT_EQ(object.start(), MathPoint3d(1, 1, 1));
-    EXPECT_EQ(object.end(), MathPoint3d(2, 3, 4));
+    EXPECT_EQ(object.createSection(Handle{}).start, MathPoint3d(1, 1, 1));
+    EXPECT_EQ(object.createSection(Handle{}).end, MathPoint3d(2, 3, 4));
 }

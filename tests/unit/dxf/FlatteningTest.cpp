@@ -39,8 +39,8 @@ TEST(Flattening, YReadsAsHeight) {
     expectPoint(flat.getLeftBottomCorner(), {2, 13, 0});
     expectPoint(flat.getRightTopCorner(), {6, 15, 0});
     const auto frame = flattenedFrame(wall({2, 0, 13}, 4, 2), plane);
-    expectPoint(frame[0].start(), {2, 13, 0});
-    expectPoint(frame[0].end(), {6, 13, 0});
+    expectPoint(frame[0].createSection(Handle{}).start, {2, 13, 0});
+    expectPoint(frame[0].createSection(Handle{}).end, {6, 13, 0});
 }
 
 TEST(Flattening, FrameLiesOnItsPicture) {
@@ -51,8 +51,8 @@ TEST(Flattening, FrameLiesOnItsPicture) {
     };
     const auto frame = flattenedFrame(wall({2, 7, 13}, 40, 20), plane);
     for (std::size_t i = 0; i < frame.size(); ++i) {
-        expectPoint(frame[i].start(), expected[i][0]);
-        expectPoint(frame[i].end(), expected[i][1]);
+        expectPoint(frame[i].createSection(Handle{}).start, expected[i][0]);
+        expectPoint(frame[i].createSection(Handle{}).end, expected[i][1]);
     }
     const ImageParam flat = flattened(wall({2, 7, 13}, 40, 20), plane);
     expectPoint(flat.getLeftBottomCorner(), expected[0][0]);
@@ -75,7 +75,8 @@ TEST(Flattening, LengthOfTheAxesDoesNotMatter) {
     const ReferencePlane scaled{{0, 0, 10}, {4, 0, 0}, {0, 0, 0.125}};
     EXPECT_EQ(MathPoint3d(flattened(image, scaled).getLeftBottomCorner()),
               MathPoint3d(flattened(image, unit).getLeftBottomCorner()));
-    EXPECT_EQ(flattenedFrame(image, scaled)[5].end(), flattenedFrame(image, unit)[5].end());
+    EXPECT_EQ(flattenedFrame(image, scaled)[5].createSection(Handle{}).end,
+              flattenedFrame(image, unit)[5].createSection(Handle{}).end);
 }
 
 TEST(Flattening, LinesKeepYAndZOfTheirOwnImage) {
@@ -85,8 +86,8 @@ TEST(Flattening, LinesKeepYAndZOfTheirOwnImage) {
     expectPoint(flat.getLeftBottomCorner(), {1, 3, -2});
     expectPoint(flat.getRightTopCorner(), {5, 3, -4});
     const auto frame = flattenedFrame(levelImage({1, 2, 3}, 4, 2), plane);
-    expectPoint(frame[0].start(), {1, 2, 3});
-    expectPoint(frame[0].end(), {5, 2, 3});
+    expectPoint(frame[0].createSection(Handle{}).start, {1, 2, 3});
+    expectPoint(frame[0].createSection(Handle{}).end, {5, 2, 3});
 }
 
 TEST(Flattening, KeepsWhatIsNoPlace) {
