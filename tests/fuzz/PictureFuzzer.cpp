@@ -3,7 +3,7 @@
 
 #include "fuzz/Fuzzing.h"
 
-#include "PictureHeader.h"
+#include "picture/PictureHeader.h"
 
 #include <string>
 

@@ -4,15 +4,15 @@
 
 #include "fuzz/Fuzzing.h"
 
-#include "Failure.h"
-#include "JsonText.h"
-#include "Manifest.h"
-#include "NumberText.h"
-#include "PathForm.h"
-#include "PictureCheck.h"
-#include "PlaneReport.h"
-#include "Site.h"
-#include "VisibleText.h"
+#include "base/Failure.h"
+#include "base/NumberText.h"
+#include "base/VisibleText.h"
+#include "drawing/PathForm.h"
+#include "report/PictureCheck.h"
+#include "report/PlaneReport.h"
+#include "site/JsonText.h"
+#include "site/Manifest.h"
+#include "site/Site.h"
 
 #include <cmath>
 #include <sstream>

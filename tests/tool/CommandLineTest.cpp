@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 
-#include "Failure.h"
-#include "PathText.h"
+#include "base/Failure.h"
+#include "base/PathText.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +10,15 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-CommandLine parsed(const Arguments& arguments) {
+template <typename Wanted>
+Wanted parsed(const Arguments& arguments) {
     const CommandLineResult result = parseCommandLine(arguments);
     EXPECT_EQ(result.answer, "");
-    return result.commandLine.value();
+    return std::get<Wanted>(result.command.value());
+}
+
+WriteDrawing parsedWrite(const Arguments& arguments) {
+    return parsed<WriteDrawing>(arguments);
 }
 
 std::string failureOf(const Arguments& arguments) {
@@ -34,31 +39,31 @@ Arguments with2d(const Arguments& options) {
 } // namespace
 
 TEST(CommandLine, Write3d) {
-    const CommandLine line = parsed({"3d", "a/SÜTE.json", "out 1.dxf"});
-    EXPECT_EQ(line.command, Command::Write3d);
+    const WriteDrawing line = parsedWrite({"3d", "a/SÜTE.json", "out 1.dxf"});
+    EXPECT_FALSE(line.flattened);
     EXPECT_EQ(utf8FromPath(line.site), "a/SÜTE.json");
     EXPECT_EQ(utf8FromPath(line.output), "out 1.dxf");
     EXPECT_EQ(line.pathForm, PathForm::Absolute);
 }
 
 TEST(CommandLine, PathForms) {
-    EXPECT_EQ(parsed({"3d", "s", "o", "--paths", "absolute"}).pathForm, PathForm::Absolute);
-    EXPECT_EQ(parsed({"3d", "s", "o", "--paths=relative"}).pathForm, PathForm::Relative);
-    EXPECT_EQ(parsed({"2d", "--paths", "as-given", "s", "o"}).pathForm, PathForm::AsGiven);
+    EXPECT_EQ(parsedWrite({"3d", "s", "o", "--paths", "absolute"}).pathForm, PathForm::Absolute);
+    EXPECT_EQ(parsedWrite({"3d", "s", "o", "--paths=relative"}).pathForm, PathForm::Relative);
+    EXPECT_EQ(parsedWrite({"2d", "--paths", "as-given", "s", "o"}).pathForm, PathForm::AsGiven);
 }
 
 TEST(CommandLine, Write2dInTheProposedPlane) {
-    const CommandLine line = parsed({"2d", "s", "o"});
-    EXPECT_EQ(line.command, Command::Write2d);
+    const WriteDrawing line = parsedWrite({"2d", "s", "o"});
+    EXPECT_TRUE(line.flattened);
     EXPECT_FALSE(line.plane.has_value());
     EXPECT_FALSE(line.angleTolerance.has_value());
     EXPECT_FALSE(line.distanceTolerance.has_value());
 }
 
 TEST(CommandLine, Write2dInAPlaneOfTheUsersOwn) {
-    const CommandLine line =
-        parsed(with2d({"--origin", "-1.5,2, 3e2", "--x-axis=-0.5,0.5,0", "--y-axis", "0,0,1",
-                       "--angle-tolerance", "0.25", "--distance-tolerance", "0"}));
+    const WriteDrawing line =
+        parsedWrite(with2d({"--origin", "-1.5,2, 3e2", "--x-axis=-0.5,0.5,0", "--y-axis", "0,0,1",
+                            "--angle-tolerance", "0.25", "--distance-tolerance", "0"}));
     ASSERT_TRUE(line.plane.has_value());
     EXPECT_EQ(line.plane->origin.x, -1.5);
     EXPECT_EQ(line.plane->origin.z, 300.0);
@@ -69,21 +74,20 @@ TEST(CommandLine, Write2dInAPlaneOfTheUsersOwn) {
 }
 
 TEST(CommandLine, ShowPlane) {
-    EXPECT_EQ(parsed({"plane", "s"}).command, Command::ShowPlane);
-    EXPECT_FALSE(parsed({"plane", "s"}).json);
-    EXPECT_TRUE(parsed({"plane", "s", "--json"}).json);
+    EXPECT_FALSE(parsed<ShowPlane>({"plane", "s"}).json);
+    EXPECT_TRUE(parsed<ShowPlane>({"plane", "s", "--json"}).json);
 }
 
 TEST(CommandLine, PathsMayBeginWithAnything) {
-    EXPECT_EQ(utf8FromPath(parsed({"3d", "/x/s", "/y/o"}).site), "/x/s");
-    EXPECT_EQ(utf8FromPath(parsed({"3d", "--", "-s", "-o"}).site), "-s");
+    EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "/x/s", "/y/o"}).site), "/x/s");
+    EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "--", "-s", "-o"}).site), "-s");
 }
 
 TEST(CommandLine, HelpAndVersionAreAnswers) {
     for (const Arguments& arguments :
          {Arguments{"--help"}, Arguments{"-h"}, Arguments{"3d", "--help"}, Arguments{"2d", "-h"}}) {
         const CommandLineResult result = parseCommandLine(arguments);
-        EXPECT_FALSE(result.commandLine.has_value());
+        EXPECT_FALSE(result.command.has_value());
         EXPECT_NE(result.answer.find("Usage: rasterplan"), std::string::npos);
     }
     EXPECT_NE(parseCommandLine({"--help"}).answer.find("\"pixelsPerUnit\": 200.0"), std::string::npos);

@@ -1,7 +1,7 @@
 #include "Run.h"
 
-#include "PathText.h"
-#include "TestFiles.h"
+#include "base/PathText.h"
+#include "tool/TestFiles.h"
 
 #include <gtest/gtest.h>
 

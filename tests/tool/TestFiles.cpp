@@ -1,7 +1,7 @@
-#include "TestFiles.h"
+#include "tool/TestFiles.h"
 
-#include "NumberText.h"
-#include "PathText.h"
+#include "base/NumberText.h"
+#include "base/PathText.h"
 
 #include <algorithm>
 

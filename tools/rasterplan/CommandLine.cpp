@@ -1,10 +1,10 @@
 #include "CommandLine.h"
 
-#include "Failure.h"
-#include "NumberText.h"
-#include "PathText.h"
-#include "UnitNames.h"
-#include "VisibleText.h"
+#include "base/Failure.h"
+#include "base/NumberText.h"
+#include "base/PathText.h"
+#include "base/VisibleText.h"
+#include "site/UnitNames.h"
 
 #include <CLI/CLI.hpp>
 
@@ -177,6 +177,57 @@ void addPlane(CLI::App& command, OptionTexts& texts) {
         ->type_name("LENGTH");
 }
 
+struct Subcommand {
+    CLI::App* app;
+    Command (*command)(const OptionTexts& texts);
+};
+
+CLI::App* addWrite3d(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command = app.add_subcommand("3d", "Write every image where it lies in space");
+    addSite(*command, texts);
+    addOutput(*command, texts);
+    return command;
+}
+
+CLI::App* addWrite2d(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command = app.add_subcommand("2d", "Write all images flattened into one plane");
+    addSite(*command, texts);
+    addOutput(*command, texts);
+    addPlane(*command, texts);
+    return command;
+}
+
+CLI::App* addShowPlane(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command =
+        app.add_subcommand("plane", "Propose a plane and show how the images lie to it");
+    addSite(*command, texts);
+    command->add_flag("--json", texts.json, "As JSON, with numbers that read back exactly");
+    return command;
+}
+
+Command writeDrawing(const OptionTexts& texts) {
+    if (texts.output.empty())
+        throw BadInput("the output path is empty; name a file, such as site.dxf");
+    WriteDrawing command;
+    command.site = pathFromUtf8(texts.site);
+    command.output = pathFromUtf8(texts.output);
+    command.pathForm = pathFormOf(texts.pathForm);
+    return command;
+}
+
+Command writeDrawingFlattened(const OptionTexts& texts) {
+    WriteDrawing command = std::get<WriteDrawing>(writeDrawing(texts));
+    command.flattened = true;
+    command.plane = parsePlane(texts);
+    command.angleTolerance = parseTolerance("--angle-tolerance", texts.angleTolerance);
+    command.distanceTolerance = parseTolerance("--distance-tolerance", texts.distanceTolerance);
+    return command;
+}
+
+Command showPlane(const OptionTexts& texts) {
+    return ShowPlane{pathFromUtf8(texts.site), texts.json};
+}
+
 } // namespace
 
 CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
@@ -185,19 +236,11 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     app.allow_windows_style_options(false); // an absolute path may begin with '/'
     app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
 
-    CLI::App* const write3d = app.add_subcommand("3d", "Write every image where it lies in space");
-    addSite(*write3d, texts);
-    addOutput(*write3d, texts);
-
-    CLI::App* const write2d = app.add_subcommand("2d", "Write all images flattened into one plane");
-    addSite(*write2d, texts);
-    addOutput(*write2d, texts);
-    addPlane(*write2d, texts);
-
-    CLI::App* const showPlane =
-        app.add_subcommand("plane", "Propose a plane and show how the images lie to it");
-    addSite(*showPlane, texts);
-    showPlane->add_flag("--json", texts.json, "As JSON, with numbers that read back exactly");
+    const std::array<Subcommand, 3> commands{{
+        {addWrite3d(app, texts), &writeDrawing},
+        {addWrite2d(app, texts), &writeDrawingFlattened},
+        {addShowPlane(app, texts), &showPlane},
+    }};
 
     app.footer(footer()); // after the commands, which would take it over
     app.require_subcommand(1);
@@ -218,20 +261,9 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
         throw BadInput(visible(text) + "; \"rasterplan --help\" shows the usage");
     }
 
-    CommandLine commandLine;
-    commandLine.command = write3d->parsed()   ? Command::Write3d
-                          : write2d->parsed() ? Command::Write2d
-                                              : Command::ShowPlane;
-    if (commandLine.command != Command::ShowPlane && texts.output.empty())
-        throw BadInput("the output path is empty; name a file, such as site.dxf");
-    commandLine.site = pathFromUtf8(texts.site);
-    commandLine.output = pathFromUtf8(texts.output);
-    commandLine.pathForm = pathFormOf(texts.pathForm);
-    commandLine.plane = parsePlane(texts);
-    commandLine.angleTolerance = parseTolerance("--angle-tolerance", texts.angleTolerance);
-    commandLine.distanceTolerance = parseTolerance("--distance-tolerance", texts.distanceTolerance);
-    commandLine.json = texts.json;
-    return {commandLine, {}};
+    const auto given = std::find_if(commands.begin(), commands.end(),
+                                    [](const Subcommand& row) { return row.app->parsed(); });
+    return {given->command(texts), {}};
 }
 
 } // namespace rasterplan_tool

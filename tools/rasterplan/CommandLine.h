@@ -1,33 +1,21 @@
 #pragma once
 
-#include "PathForm.h"
-#include "Plane.h"
+#include "commands/ShowPlane.h"
+#include "commands/WriteDrawing.h"
 
-#include <filesystem>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace rasterplan_tool {
 
 /// What the program is to do.
-enum class Command { Write3d, Write2d, ShowPlane };
+using Command = std::variant<WriteDrawing, ShowPlane>;
 
-/// The command line, understood.
-struct CommandLine {
-    Command command = Command::Write3d;
-    std::filesystem::path site;
-    std::filesystem::path output;            ///< Of the two that write.
-    PathForm pathForm = PathForm::Absolute;  ///< Of the two that write.
-    std::optional<Plane> plane;              ///< Of Write2d: the user's plane; otherwise the proposed one.
-    std::optional<double> angleTolerance;    ///< Of Write2d, in degrees.
-    std::optional<double> distanceTolerance; ///< Of Write2d, in drawing units.
-    bool json = false;                       ///< Of ShowPlane.
-};
-
-/// Either a command line or a text that answers it (help, version).
+/// Either a command or a text that answers it (help, version).
 struct CommandLineResult {
-    std::optional<CommandLine> commandLine;
+    std::optional<Command> command;
     std::string answer;
 };
 

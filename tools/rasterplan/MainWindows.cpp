@@ -1,5 +1,5 @@
-#include "PathText.h"
 #include "Run.h"
+#include "base/PathText.h"
 
 #include <iostream>
 

@@ -1,0 +1,160 @@
+// What the program warns of; the drawing is written all the same.
+
+#include "base/NumberText.h"
+#include "base/PathText.h"
+#include "tool/TestFiles.h"
+#include "tool/program/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+namespace {
+
+class ProgramWarnings : public testing::Test {
+protected:
+    ProgramWarnings() {
+        for (const char* name : {"a.png", "b.png", "c.png"})
+            fs::copy_file(testData("grey-17x9.png"), m_folder / name);
+    }
+
+    // Runs a command that writes; returns what it said on stderr.
+    std::string warnings(const std::string& command, const std::string& site,
+                         const std::vector<std::string>& options = {}) {
+        writeFile(m_folder / "SITE.json", site);
+        std::vector<std::string> arguments{command, at("SITE.json"), at("out.dxf")};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const ProgramResult result = runProgram(arguments);
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_TRUE(fs::exists(m_folder / "out.dxf"));
+        return result.err;
+    }
+
+    std::string at(std::string_view entry) const { return utf8FromPath(m_folder / entry); }
+
+    TestFolder m_folder;
+};
+
+std::size_t linesOf(const std::string& text) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+} // namespace
+
+TEST_F(ProgramWarnings, MissingPicture) {
+    const std::string warning = warnings("3d", siteText({imageText("nö.png")}));
+    EXPECT_EQ(warning.find("rasterplan: warning: " + at("SITE.json") + ":2: image 1 (\"nö.png\"): \"" +
+                           at("nö.png") + "\": there is no such file"),
+              0U)
+        << warning;
+}
+
+TEST_F(ProgramWarnings, PixelCount) {
+    std::string site = siteText({imageText("a.png")});
+    site.replace(site.find("100}"), 3, "200");
+    for (const char* command : {"3d", "2d"}) {
+        const std::string warning = warnings(command, site);
+        EXPECT_NE(warning.find(
+                      "the picture has 17 x 9 pixels, but pixelsPerUnit times width and height gives 34.00 "
+                      "x 18.00"),
+                  std::string::npos)
+            << warning;
+        EXPECT_EQ(linesOf(warning), 1U);
+    }
+}
+
+TEST_F(ProgramWarnings, MixedUnits) {
+    std::string site = siteText({imageText("a.png"), imageText("b.png", 1.0)});
+    site.insert(site.find("\"path\": \"b.png\""), "\"unit\": \"Inches\", ");
+    const std::string warning = warnings("3d", site);
+    EXPECT_NE(warning.find("different units: Inches (image 2), Meters (image 1)"), std::string::npos)
+        << warning;
+    EXPECT_EQ(linesOf(warning), 1U);
+}
+
+TEST_F(ProgramWarnings, ImagesAwayFromTheReferencePlaneAreNamed) {
+    const std::vector<std::string> plane{"--origin=0,0,0", "--x-axis=1,0,0", "--y-axis=0,0,1"};
+    const std::string site =
+        siteText({imageText("a.png"), imageText("b.png", 1.0, 0.09), imageText("c.png", 2.0, 0.2)});
+    const std::string warning = warnings("2d", site, plane);
+    EXPECT_NE(warning.find(
+                  ":4: image 3 (\"c.png\"): the image does not lie in the reference plane: the distance is "
+                  "-0.200000 Meters; it is written all the same"),
+              std::string::npos)
+        << warning;
+    EXPECT_EQ(linesOf(warning), 1U) << warning;
+
+    auto options = plane;
+    options.insert(options.end(), {"--distance-tolerance", "0.05"});
+    EXPECT_EQ(linesOf(warnings("2d", site, options)), 2U);
+    options.back() = "0.3";
+    EXPECT_EQ(warnings("2d", site, options), "");
+    EXPECT_EQ(warnings("3d", site), "");
+}
+
+TEST_F(ProgramWarnings, DistanceToleranceFollowsTheUnit) {
+    std::string site = siteText({imageText("a.png"), imageText("b.png", 1.0, 99.0)});
+    site.insert(site.find("\"images\""), "\"unit\": \"Millimeters\", ");
+    const std::vector<std::string> plane{"--origin=0,0,0", "--x-axis=1,0,0", "--y-axis=0,0,1"};
+    EXPECT_EQ(warnings("2d", site, plane), "");
+}
+
+TEST_F(ProgramWarnings, ImagesTurnedOutOfThePlaneOrInItAreNamed) {
+    const std::string oblique = R"({"path": "b.png", "leftTop": [0,0,0.09], "leftBottom": [0,0,0],
+"rightBottom": [0.136,0.102,0], "pixelsPerUnit": 100})";
+    const std::string turned = R"({"path": "c.png", "leftTop": [-0.054,0,0.072], "leftBottom": [0,0,0],
+"rightBottom": [0.136,0,0.102], "pixelsPerUnit": 100})";
+    const std::string warning = warnings("2d", siteText({imageText("a.png"), oblique, turned}),
+                                         {"--origin=0,0,0", "--x-axis=1,0,0", "--y-axis=0,0,1"});
+    EXPECT_NE(
+        warning.find(
+            "image 2 (\"b.png\"): the image does not lie in the reference plane: the angle out of it is "
+            "36.870 degrees, the distance is -0.102000 Meters;"),
+        std::string::npos)
+        << warning;
+    EXPECT_NE(
+        warning.find("image 3 (\"c.png\"): the image does not lie in the reference plane: the turn in it is "
+                     "36.870 degrees, so that the frame lines do not lie on the picture;"),
+        std::string::npos)
+        << warning;
+    EXPECT_EQ(linesOf(warning), 2U);
+}
+
+TEST_F(ProgramWarnings, ObliqueAxesAreNamed) {
+    EXPECT_NE(
+        warnings("2d", siteText({imageText("a.png")}), {"--origin=0,0,0", "--x-axis=1,0,1", "--y-axis=0,0,1"})
+            .find("the plane's axes are at 45.000 degrees to each other instead of 90"),
+        std::string::npos);
+}
+
+TEST_F(ProgramWarnings, PlaneAsJsonHoldsExactNumbers) {
+    const std::string oblique = R"({"path": "süd.png", "leftTop": [0,0.1,0.09], "leftBottom": [0,0.1,0],
+"rightBottom": [0.136,0.202,0], "pixelsPerUnit": 100})";
+    const fs::path site = writeFile(m_folder / "SITE.json", siteText({imageText("a.png"), oblique}));
+    const ProgramResult result = runProgram({"plane", utf8FromPath(site), "--json"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    const nlohmann::json plane = nlohmann::json::parse(result.out);
+    EXPECT_EQ(plane["unit"], "Meters");
+    ASSERT_EQ(plane["images"].size(), 2U);
+    EXPECT_EQ(plane["images"][1]["image"], 2);
+    EXPECT_EQ(plane["images"][1]["path"], "süd.png");
+    const double half = std::atan2(0.6, 1.8) * 45.0 / std::atan(1.0); // the mean of 0 and 36.87 degrees
+    for (const auto& image : plane["images"]) {
+        EXPECT_NEAR(image["angleDegrees"].get<double>(), half, 1e-9);
+        EXPECT_NEAR(image["turnDegrees"].get<double>(), 0.0, 1e-9);
+    }
+    const auto asOption = [](const nlohmann::json& triple) {
+        return shortestText(triple[0]) + ',' + shortestText(triple[1]) + ',' + shortestText(triple[2]);
+    };
+    EXPECT_NE(runProgram({"plane", utf8FromPath(site)})
+                  .out.find("--origin=" + asOption(plane["origin"]) + " --x-axis=" +
+                            asOption(plane["xAxis"]) + " --y-axis=" + asOption(plane["yAxis"]) + '\n'),
+              std::string::npos);
+}
+
+} // namespace rasterplan_tool

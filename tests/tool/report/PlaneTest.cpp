@@ -1,0 +1,73 @@
+#include "report/Plane.h"
+
+#include "base/Vector.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace rasterplan_tool {
+namespace {
+
+const Plane upright{{10, 5, 2}, {1, 0, 0}, {0, 0, 1}}; // looked at from negative y
+
+ImageParam image(const TripleDouble& leftBottom, const TripleDouble& bottom, const TripleDouble& left) {
+    ImageParam made;
+    made.setImageCorners(leftBottom + left, leftBottom, leftBottom + bottom);
+    return made;
+}
+
+} // namespace
+
+TEST(Plane, ImageInThePlaneDoesNotDeviate) {
+    const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {3, 0, 0}, {0, 0, 2}));
+    EXPECT_EQ(deviation.distance, 0.0);
+    EXPECT_EQ(deviation.angleDegrees, 0.0);
+    EXPECT_EQ(deviation.turnDegrees, 0.0);
+}
+
+TEST(Plane, DistanceIsPositiveInFront) {
+    EXPECT_DOUBLE_EQ(deviationFrom(upright, image({0, 4, 0}, {3, 0, 0}, {0, 0, 2})).distance, 1.0);
+    EXPECT_DOUBLE_EQ(deviationFrom(upright, image({0, 7, 0}, {3, 0, 0}, {0, 0, 2})).distance, -2.0);
+}
+
+TEST(Plane, DistanceIsThatOfTheFurthestCorner) {
+    const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {4, 3, 0}, {0, 0, 2}));
+    EXPECT_DOUBLE_EQ(deviation.distance, -3.0);
+    EXPECT_NEAR(deviation.angleDegrees, std::atan2(3.0, 4.0) * 45.0 / std::atan(1.0), 1e-12);
+    EXPECT_NEAR(deviation.turnDegrees, 0.0, 1e-12);
+}
+
+TEST(Plane, ImageSeenFromBehindIsAtAHundredAndEighty) {
+    EXPECT_DOUBLE_EQ(deviationFrom(upright, image({3, 5, 0}, {-3, 0, 0}, {0, 0, 2})).angleDegrees, 180.0);
+}
+
+TEST(Plane, TurnInThePlaneIsApartFromTheAngle) {
+    const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {1, 0, 1}, {-1, 0, 1}));
+    EXPECT_NEAR(deviation.angleDegrees, 0.0, 1e-12);
+    EXPECT_NEAR(deviation.turnDegrees, 45.0, 1e-12);
+}
+
+TEST(Plane, SmallAnglesAreExactAtSurveyCoordinates) {
+    const Plane plane{{4468215.25, 5333642.5, 510.0}, {1, 0, 0}, {0, 0, 1}};
+    const Deviation deviation =
+        deviationFrom(plane, image({4468215.25, 5333642.5, 510.0}, {1000, 0.001, 0}, {0, 0, 10}));
+    EXPECT_NEAR(deviation.angleDegrees, 1e-6 * 45.0 / std::atan(1.0), 1e-11);
+    EXPECT_NEAR(deviation.distance, -0.001, 1e-9);
+}
+
+TEST(Plane, AxesOfAnyLengthGiveTheSameDeviation) {
+    const Plane scaled{{10, 5, 2}, {1000, 0, 0}, {0, 0, 1e-6}};
+    EXPECT_DOUBLE_EQ(deviationFrom(scaled, image({0, 4, 0}, {3, 0, 0}, {0, 0, 2})).distance, 1.0);
+}
+
+TEST(Plane, TwoDirectionsSpanOneUnlessParallel) {
+    EXPECT_TRUE(spansPlane({{}, {1, 0, 0}, {1, 1, 0}}));
+    EXPECT_TRUE(spansPlane({{}, {1e-300, 0, 0}, {0, 1e18, 0}}));
+    EXPECT_FALSE(spansPlane({{}, {0, 0, 0}, {0, 1, 0}}));
+    EXPECT_FALSE(spansPlane({{}, {1, 0, 0}, {0, 0, 0}}));
+    EXPECT_FALSE(spansPlane({{}, {1, 1, 1}, {-2, -2, -2}}));
+    EXPECT_FALSE(spansPlane({{}, {1, 1, 1}, {1, 1, 1 + 1e-9}}));
+}
+
+} // namespace rasterplan_tool

@@ -1,0 +1,189 @@
+#include "site/Manifest.h"
+
+#include "base/Failure.h"
+#include "base/PathText.h"
+#include "tool/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+namespace {
+
+constexpr const char* goodImage = R"({"path": "a.png", "leftTop": [0,0,1], "leftBottom": [0,0,0],
+"rightBottom": [2,0,0], "pixelsPerUnit": 100})";
+
+std::string failureOf(const std::string& text) {
+    try {
+        parseManifest(text, "SITE.json");
+    } catch (const BadInput& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+// One image whose field has another value.
+std::string siteWith(const std::string& field, const std::string& value) {
+    std::string text = "{\"images\": [{\n";
+    for (const auto& [name, good] : {std::pair{"path", "\"a.png\""},
+                                     {"leftTop", "[0,0,1]"},
+                                     {"leftBottom", "[0,0,0]"},
+                                     {"rightBottom", "[2,0,0]"},
+                                     {"pixelsPerUnit", "100"},
+                                     {"unit", "\"Meters\""}})
+        if (name != field)
+            text += '"' + std::string(name) + "\": " + good + ",\n";
+    return text + '"' + field + "\": " + value + "\n}]}";
+}
+
+} // namespace
+
+TEST(Manifest, HoldsWhatTheTextSays) {
+    const Manifest manifest = parseManifest(R"({"unit": "Millimeters",
+"images": [
+{"path": "süd\\a.png", "leftTop": [1,2,3.5], "leftBottom": [1,2,-3], "rightBottom": [1e3,2,-3], "pixelsPerUnit": 0.25},
+{"path": "b.png", "leftTop": [0,0,1], "leftBottom": [0,0,0], "rightBottom": [1,0,0], "pixelsPerUnit": 5, "unit": "Feet"}]})",
+                                            "SITE.json");
+    ASSERT_EQ(manifest.images.size(), 2U);
+    const ManifestImage& first = manifest.images[0];
+    EXPECT_EQ(first.line, 3U);
+    EXPECT_EQ(first.path, "süd\\a.png");
+    EXPECT_EQ(first.leftTop.z, 3.5);
+    EXPECT_EQ(first.leftBottom.z, -3.0);
+    EXPECT_EQ(first.rightBottom.x, 1000.0);
+    EXPECT_EQ(first.pixelsPerUnit, 0.25);
+    EXPECT_EQ(first.unit, Millimeters);
+    EXPECT_EQ(manifest.images[1].unit, Feet);
+    EXPECT_EQ(manifest.where(1), "SITE.json:4: image 2 (\"b.png\")");
+}
+
+TEST(Manifest, UnitIsMetersWithoutASayOtherwise) {
+    EXPECT_EQ(parseManifest("{\"images\": [" + std::string(goodImage) + "]}", "SITE.json").images[0].unit,
+              Meters);
+}
+
+TEST(Manifest, ErrorsOfTheWholeTextNameFileAndLine) {
+    EXPECT_EQ(failureOf("").find("SITE.json:1: this is not valid JSON (UTF-8): "), 0U) << failureOf("");
+    EXPECT_EQ(failureOf("{\n\"images\": [}").find("SITE.json:2: this is not valid JSON (UTF-8): "), 0U);
+    EXPECT_EQ(failureOf("\n[]"), "SITE.json:2: the site is a list; write an object: {...}");
+    EXPECT_EQ(failureOf("{}"),
+              "SITE.json:1: the site has no field \"images\"; add it, for example \"images\": "
+              "[{\"path\": ...}]");
+    EXPECT_EQ(failureOf("{\n\"images\":\n 7}"),
+              "SITE.json:3: the site, field \"images\": is a number; write a list: [{...}, {...}]");
+    EXPECT_EQ(
+        failureOf("{\"images\": []}"),
+        "SITE.json:1: the site, field \"images\": is an empty list; a drawing needs at least one image");
+    EXPECT_EQ(failureOf("{\"units\": \"Feet\", \"images\": []}"),
+              "SITE.json:1: the site has the unknown field \"units\"; the fields are unit, images");
+    EXPECT_EQ(failureOf("{\"images\": [],\n\"images\": []}"),
+              "SITE.json:2: the site has the field \"images\" twice; leave one of them out");
+    EXPECT_EQ(failureOf("{\"images\": [7]}"), "SITE.json:1: image 1 is a number; write an object: {...}");
+}
+
+TEST(Manifest, MissingFieldsAreNamed) {
+    for (const char* field : {"path", "leftTop", "leftBottom", "rightBottom", "pixelsPerUnit"}) {
+        std::string text = siteWith("unit", "\"Feet\"");
+        const std::size_t place = text.find('"' + std::string(field));
+        text.erase(place, text.find('\n', place) + 1 - place);
+        EXPECT_EQ(
+            failureOf(text).find("SITE.json:1: image 1 has no field \"" + std::string(field) + "\"; add it"),
+            0U)
+            << failureOf(text);
+    }
+}
+
+TEST(Manifest, WrongValuesAreNamedWithTheirLine) {
+    const struct {
+        const char* field;
+        const char* value;
+        const char* complaint;
+    } cases[] = {
+        {"path", "3", "is a number"},
+        {"path", "\"\"", "is empty"},
+        {"path", "\"a\\nb\"", "holds a control character"},
+        {"path", "\"a\\u0000b\"", "holds a control character"},
+        {"path", "\"a\\u007fb\"", "holds a control character"},
+        {"leftTop", "\"0,0,0\"", "is a text; write three numbers: [x, y, z]"},
+        {"leftTop", "[0, 0]", "has 2 elements; write three numbers: [x, y, z]"},
+        {"leftBottom", "[0, 0, 0, 0]", "has 4 elements"},
+        {"leftBottom", "[0, null, 0]", "holds null; write three numbers"},
+        {"rightBottom", "[2e18, 0, 0]", "holds 2e+18; coordinates reach from -1e+18 to 1e+18"},
+        {"rightBottom", "[0, 0, -2e18]", "holds -2e+18"},
+        {"rightBottom", "[0.0, -0.0, 0]", "is the same point as leftBottom"},
+        {"leftTop", "[0, 0, 0]", "is the same point as leftBottom"},
+        {"pixelsPerUnit", "0", "is 0; write a number greater than 0"},
+        {"pixelsPerUnit", "-200.5", "is -200.5; write a number greater than 0"},
+        {"pixelsPerUnit", "1e19", "is 1e+19; write a number greater than 0 and at most 1e+18"},
+        {"pixelsPerUnit", "true", "is true or false; write a number"},
+        {"unit", "6", "is a number; write a text: \"Meters\""},
+        {"unit", "\"meters\"", "is \"meters\", which is no unit; the units are Unitless, Inches,"},
+    };
+    for (const auto& wrong : cases) {
+        const std::string place = "SITE.json:7: image 1, field \"" + std::string(wrong.field) + "\": ";
+        const std::string failure = failureOf(siteWith(wrong.field, wrong.value));
+        EXPECT_EQ(failure.find(place + wrong.complaint), 0U) << failure;
+        EXPECT_NE(failure.find(';'), std::string::npos) << "says nothing to do: " << failure;
+    }
+}
+
+TEST(Manifest, NumbersBeyondDoubleAreAnError) {
+    EXPECT_EQ(failureOf(siteWith("leftTop", "[0, 1e999, 0]")).find("SITE.json:7: this is not valid JSON"),
+              0U);
+    EXPECT_EQ(failureOf(siteWith("leftTop", "[0, NaN, 0]")).find("SITE.json:7: this is not valid JSON"), 0U);
+}
+
+TEST(Manifest, UnknownAndRepeatedFieldsOfAnImageAreAnError) {
+    EXPECT_EQ(failureOf(siteWith("pixelPerUnit", "200")),
+              "SITE.json:8: image 1 has the unknown field \"pixelPerUnit\"; the fields are path, leftTop, "
+              "leftBottom, rightBottom, pixelsPerUnit, unit");
+    std::string text = siteWith("unit", "\"Feet\"");
+    text.replace(text.find("\n}]}"), 1, ",\n\"path\": \"b.png\"\n");
+    EXPECT_EQ(failureOf(text), "SITE.json:8: image 1 has the field \"path\" twice; leave one of them out");
+}
+
+TEST(Manifest, EveryWrongImageIsReported) {
+    const std::string failure = failureOf("{\"images\": [\n1,\n" + std::string(goodImage) + ",\n{}\n]}");
+    EXPECT_EQ(failure.find("SITE.json:2: image 1 is a number"), 0U) << failure;
+    EXPECT_NE(failure.find("\nSITE.json:5: image 3 has no field \"path\""), std::string::npos) << failure;
+    EXPECT_EQ(failure.find("image 2"), std::string::npos) << failure;
+}
+
+TEST(Manifest, VeryManyWrongImagesAreCounted) {
+    std::string text = "{\"images\": [0";
+    for (int i = 1; i < 25; ++i)
+        text += ",0";
+    const std::string failure = failureOf(text + "]}");
+    EXPECT_NE(failure.find("image 20 is a number"), std::string::npos);
+    EXPECT_EQ(failure.find("image 21 is a number"), std::string::npos);
+    EXPECT_NE(failure.find("\nand 5 more images are wrong"), std::string::npos) << failure;
+}
+
+TEST(Manifest, FileIsReadAndPicturesCountFromItsFolder) {
+    const TestFolder folder;
+    const fs::path site =
+        writeFile(folder / "sub/SITE.json", siteText({imageText("süd.png"), imageText("../b.png")}));
+    const Manifest manifest = readManifest(site);
+    EXPECT_EQ(manifest.pictureFile(0), folder / "sub/süd.png");
+    EXPECT_EQ(manifest.pictureFile(1), folder / "b.png");
+}
+
+TEST(Manifest, UnreadableFilesAreErrors) {
+    const TestFolder folder;
+    const auto failureOfFile = [](const fs::path& file) -> std::string {
+        try {
+            readManifest(file);
+        } catch (const BadInput& failure) {
+            return failure.what();
+        }
+        return "no failure";
+    };
+    EXPECT_EQ(failureOfFile(folder / "no.json"),
+              quoted(folder / "no.json") + ": there is no such file; check the path of SITE.json");
+    EXPECT_EQ(failureOfFile(folder.path()),
+              quoted(folder.path()) + ": this is a folder; name the SITE.json file in it");
+    EXPECT_EQ(failureOfFile(""), "\"\": there is no such file; check the path of SITE.json");
+}
+
+} // namespace rasterplan_tool

@@ -1,0 +1,132 @@
+#include "commands/WriteDrawing.h"
+
+#include "base/Failure.h"
+#include "base/PathText.h"
+#include "base/ResultText.h"
+#include "base/Vector.h"
+#include "drawing/PendingDrawing.h"
+#include "drawing/TemplateFile.h"
+#include "report/PictureCheck.h"
+#include "report/PlaneReport.h"
+#include "site/Manifest.h"
+#include "site/Site.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+namespace {
+
+constexpr double defaultAngleTolerance = 1.0;
+constexpr double defaultDistanceToleranceInMillimeters = 100.0;
+
+fs::path withoutLinks(const fs::path& path) {
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    throwIfExhausted(error);
+    return error ? path : real;
+}
+
+bool isSamePlace(const fs::path& a, const fs::path& b) {
+    std::error_code ignored;
+    return fs::equivalent(a, b, ignored) || withoutLinks(a) == withoutLinks(b);
+}
+
+void refuseToReplaceInput(const fs::path& destination, const Manifest& manifest) {
+    if (isSamePlace(destination, manifest.file)) {
+        throw BadInput(
+            quoted(destination) +
+            ": this is SITE.json itself, which the drawing would replace; name another output file");
+    }
+    if (isTemplate(destination)) {
+        throw BadInput(
+            quoted(destination) +
+            ": this is the template of all drawings, which this one would replace; name another output file");
+    }
+    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
+        if (isSamePlace(destination, manifest.pictureFile(i))) {
+            throw BadInput(quoted(destination) + ": this is the picture of image " + std::to_string(i + 1) +
+                           ", which the drawing would replace; name another output file");
+        }
+    }
+}
+
+Tolerance toleranceOf(const WriteDrawing& command, const ImageParam& image) {
+    const double millimetersPerUnit = image.getSizeInMillimeterOfDrawingUnit(image.getDrawingUnit());
+    return {command.distanceTolerance.value_or(defaultDistanceToleranceInMillimeters / millimetersPerUnit),
+            command.angleTolerance.value_or(defaultAngleTolerance)};
+}
+
+// What the library throws here it throws before anything is opened.
+RasterPlanWriter::ErrorEnum write(RasterPlanWriter& drawing, const std::optional<Plane>& plane) {
+    errno = 0;
+    try {
+        const RasterPlanWriter::ErrorEnum result =
+            plane ? drawing.create2DDxf(plane->origin, plane->xAxis, plane->yAxis) : drawing.create3DDxf();
+        if (result == RasterPlanWriter::CannotOpenOutput || result == RasterPlanWriter::CannotOpenTemplate)
+            throwIfExhausted(errno);
+        return result;
+    } catch (const Failure&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw ExportFailed(
+            plane ? "the images cannot be brought into the reference plane; give another one with "
+                    "--origin, --x-axis and --y-axis"
+                  : std::string("the library failed unexpectedly: ") + error.what());
+    }
+}
+
+// The library leaves out images that have lost their shape by rounding; of a drawing without any it tells no
+// more than of a damaged template.
+bool isFarOff(const Plane& plane, const std::vector<ImageParam>& images) {
+    constexpr double mostSizesAway = 1e12;
+    return std::all_of(images.begin(), images.end(), [&plane](const ImageParam& image) {
+        return length(image.getLeftBottomCorner() - plane.origin) >
+               mostSizesAway * std::min(image.getImgWidth(), image.getImgHeight());
+    });
+}
+
+} // namespace
+
+void execute(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
+    const Manifest manifest = readManifest(command.site);
+    PendingDrawing pending(command.output);
+    refuseToReplaceInput(pending.destination(), manifest);
+
+    const std::vector<ImageParam> images =
+        makeImages(manifest, drawingPaths(manifest, command.pathForm, pending.destination().parent_path()));
+    RasterPlanWriter drawing(wideFromPath(pending.temporary()).c_str());
+    addImages(drawing, manifest, images);
+    checkManifest(manifest, console);
+    checkPictures(manifest, images, console);
+
+    std::optional<Plane> plane;
+    if (command.flattened) {
+        plane = command.plane ? *command.plane : proposePlane(drawing);
+        checkPlane(manifest, *plane, images, toleranceOf(command, images.back()), console);
+    }
+    const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
+    if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
+        throw ExportFailed(
+            quoted(pending.destination()) +
+            ": so far from the plane's origin the images have lost their shape; give an --origin "
+            "near them");
+    }
+    if (result != RasterPlanWriter::Success)
+        throw ExportFailed(quoted(pending.destination()) + ": " + std::string(writeResultText(result)));
+    const std::uintmax_t size = pending.check(images.size());
+    memory.require();
+    // Printed first: where that fails, the run has failed and the old drawing stays.
+    console.out << shownText(pending.destination()) + ": " + std::to_string(images.size()) +
+                       (images.size() == 1 ? " image, " : " images, ") + std::to_string(size) + " bytes\n";
+    console.flush();
+    pending.putInPlace();
+}
+
+} // namespace rasterplan_tool
