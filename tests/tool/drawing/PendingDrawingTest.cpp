@@ -41,7 +41,7 @@ TEST(PendingDrawing, ReplacesTheDestinationOnlyAtTheEnd) {
         EXPECT_EQ(pending.temporary().parent_path(), folder.path());
         writeFile(pending.temporary(), complete);
         EXPECT_EQ(readBytes(output), "old");
-        EXPECT_EQ(pending.check(0), complete.size());
+        EXPECT_EQ(pending.finish(0), complete.size());
         EXPECT_EQ(readBytes(output), "old");
         pending.putInPlace();
     }
@@ -75,7 +75,7 @@ TEST(PendingDrawing, IncompleteDrawingsAreDiscarded) {
         {
             PendingDrawing pending(output);
             writeFile(pending.temporary(), complete.substr(0, length));
-            EXPECT_THROW(pending.check(0), ExportFailed) << length;
+            EXPECT_THROW(pending.finish(0), ExportFailed) << length;
         }
         EXPECT_EQ(readBytes(output), "old");
         EXPECT_EQ(folder.names(), std::vector<std::string>{"out.dxf"});
@@ -85,7 +85,7 @@ TEST(PendingDrawing, IncompleteDrawingsAreDiscarded) {
 TEST(PendingDrawing, DrawingThatWasNeverWrittenIsAFailure) {
     const TestFolder folder;
     PendingDrawing pending(folder / "out.dxf");
-    EXPECT_THROW(pending.check(0), ExportFailed);
+    EXPECT_THROW(pending.finish(0), ExportFailed);
     EXPECT_THROW(pending.putInPlace(), ExportFailed);
 }
 
@@ -95,7 +95,7 @@ TEST(PendingDrawing, EndIsFoundBehindEmptyLinesAndInLongDrawings) {
         const TestFolder folder;
         PendingDrawing pending(folder / "out.dxf");
         writeFile(pending.temporary(), text);
-        EXPECT_EQ(pending.check(0), text.size());
+        EXPECT_EQ(pending.finish(0), text.size());
     }
 }
 
@@ -105,8 +105,19 @@ TEST(PendingDrawing, WrongEndsAreFound) {
         const TestFolder folder;
         PendingDrawing pending(folder / "out.dxf");
         writeFile(pending.temporary(), text);
-        EXPECT_THROW(pending.check(0), ExportFailed) << text;
+        EXPECT_THROW(pending.finish(0), ExportFailed) << text;
     }
+}
+
+TEST(PendingDrawing, ViewModeBecomesAnIntegerAndNothingElseChanges) {
+    const TestFolder folder;
+    PendingDrawing pending(folder / "out.dxf");
+    writeFile(pending.temporary(), "0\r\nVPORT\r\n 71\r\n0.0\r\n 72\r\n0.0\r\n0\r\nEOF\r\n");
+    const std::string finished = "0\r\nVPORT\r\n 71\r\n  0\r\n 72\r\n0.0\r\n0\r\nEOF\r\n";
+    EXPECT_EQ(pending.finish(0), finished.size());
+    EXPECT_EQ(readBytes(pending.temporary()), finished);
+    EXPECT_EQ(pending.finish(0), finished.size());
+    EXPECT_EQ(readBytes(pending.temporary()), finished);
 }
 
 TEST(PendingDrawing, MissingImagesAreFound) {
@@ -117,7 +128,7 @@ TEST(PendingDrawing, MissingImagesAreFound) {
     const auto failureWith = [&](const std::string& records) -> std::string {
         writeFile(pending.temporary(), records + std::string(complete));
         try {
-            pending.check(2);
+            pending.finish(2);
         } catch (const ExportFailed& failure) {
             return failure.what();
         }

@@ -49,6 +49,19 @@ TEST(WrittenDrawing, OnlyTheLastGroupEndsADrawing) {
         EXPECT_FALSE(readBackText(text).isComplete) << text;
 }
 
+TEST(WrittenDrawing, ViewModeThatIsARealNumberIsFoundInItsPlace) {
+    const std::string header = "9\r\n$X\r\n 71\r\n0.0\r\n0\r\nVPORT\r\n 40\r\n0.0\r\n 71\r\n";
+    EXPECT_EQ(readBackText(header + "0.0\r\n0\r\nEOF\r\n").viewModeAsReal, header.size());
+    const std::string afterBlocks = "1\n" + std::string(200000, 'x') + "\n" + header;
+    EXPECT_EQ(readBackText(afterBlocks + "0.0\n0\nEOF\n").viewModeAsReal, afterBlocks.size());
+}
+
+TEST(WrittenDrawing, ViewModeThatIsAnIntegerIsLeftAlone) {
+    for (const char* text : {"0\nVPORT\n71\n0\n0\nEOF\n", "0\nVPORT\n71\n  0\n", "0\nVPORT\n71\n0.01\n",
+                             "0\nVPORT\n71\n 0.0\n", "0\nVIEW\n71\n0.0\n", "0\nVPORT\n0\nVIEW\n71\n0.0\n"})
+        EXPECT_FALSE(readBackText(text).viewModeAsReal.has_value()) << text;
+}
+
 TEST(WrittenDrawing, MissingFileIsAFailure) {
     const TestFolder folder;
     EXPECT_THROW(readBack(folder / "no.dxf"), ExportFailed);

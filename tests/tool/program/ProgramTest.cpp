@@ -4,6 +4,7 @@
 #include "base/PathText.h"
 #include "tool/TestFiles.h"
 
+#include <RasterPlanWriter/RasterPlanWriter.h>
 #include <gtest/gtest.h>
 
 namespace fs = std::filesystem;
@@ -63,6 +64,24 @@ TEST_F(Program, WritesTheDrawingAndSaysSo) {
         EXPECT_EQ(countOf(drawing, "\r\nAcDbLine\r\n"), 12U);
         EXPECT_EQ(m_folder.names(), (std::vector<std::string>{"SITE.json", "bilder", "out ü.dxf"}));
     }
+}
+
+TEST_F(Program, DrawingIsTheLibrarysButForTheViewMode) {
+    RasterPlanWriter library(wideFromPath(m_folder / "library.dxf").c_str());
+    ImageParam image(L"bilder/b.jpg");
+    image.setDrawingUnit(Meters);
+    image.setNumberPixelPerUnit(100.0);
+    image.setImageCorners({0.0, 0.0, 0.09}, {0.0, 0.0, 0.0}, {0.17, 0.0, 0.0});
+    ASSERT_EQ(library.add(image), RasterPlanWriter::Success);
+    ASSERT_EQ(library.create3DDxf(), RasterPlanWriter::Success);
+    std::string expected = readBytes(m_folder / "library.dxf");
+    const std::string viewMode = "\r\n71\r\n0.0\r\n";
+    ASSERT_EQ(countOf(expected, viewMode), 1U);
+    expected.replace(expected.find(viewMode), viewMode.size(), "\r\n71\r\n  0\r\n");
+
+    writeFile(m_folder / "one.json", siteText({imageText("bilder/b.jpg")}));
+    EXPECT_EQ(runProgram({"3d", at("one.json"), at("tool.dxf"), "--paths=as-given"}).status, 0);
+    EXPECT_EQ(readBytes(m_folder / "tool.dxf"), expected);
 }
 
 TEST_F(Program, PathsInTheDrawingAreAbsoluteUnlessAskedOtherwise) {

@@ -120,7 +120,7 @@ void execute(const WriteDrawing& command, Console& console, const MemoryWatch& m
     }
     if (result != RasterPlanWriter::Success)
         throw ExportFailed(quoted(pending.destination()) + ": " + std::string(writeResultText(result)));
-    const std::uintmax_t size = pending.check(images.size());
+    const std::uintmax_t size = pending.finish(images.size());
     memory.require();
     // Printed first: where that fails, the run has failed and the old drawing stays.
     console.out << shownText(pending.destination()) + ": " + std::to_string(images.size()) +

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <random>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -80,13 +81,25 @@ fs::path destinationOf(const fs::path& output) {
     return destination;
 }
 
+void overwrite(const fs::path& file, std::uintmax_t place, std::string_view text) {
+    errno = 0;
+    std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
+    if (!stream.is_open())
+        throwIfExhausted(errno);
+    stream.seekp(static_cast<std::streamoff>(place));
+    stream << text;
+    stream.close();
+    if (stream.fail())
+        throw ExportFailed("the finished drawing cannot be changed; try again");
+}
+
 } // namespace
 
 PendingDrawing::PendingDrawing(const fs::path& output)
     : m_destination(destinationOf(output))
     , m_temporary(unusedNameIn(m_destination.parent_path())) {}
 
-std::uintmax_t PendingDrawing::check(std::size_t images) const {
+std::uintmax_t PendingDrawing::finish(std::size_t images) {
     const WrittenDrawing drawing = readBack(temporary());
     const std::string name = quoted(m_destination);
     if (!drawing.isComplete) { // the library does not notice a full disk
@@ -95,8 +108,11 @@ std::uintmax_t PendingDrawing::check(std::size_t images) const {
             ": the drawing came out incomplete and was discarded; the disk is probably full: make room and "
             "try again");
     }
-    if (drawing.images >= images && drawing.imageDefinitions >= images)
+    if (drawing.images >= images && drawing.imageDefinitions >= images) {
+        if (drawing.viewModeAsReal)
+            overwrite(temporary(), *drawing.viewModeAsReal, "  0");
         return drawing.size;
+    }
     if (drawing.images == drawing.imageDefinitions && drawing.images > 0) { // the library left some out
         throw ExportFailed(
             name + ": only " + std::to_string(drawing.images) + " of the " + std::to_string(images) +

@@ -24,9 +24,11 @@ public:
     /// The file to write to.
     const std::filesystem::path& temporary() const noexcept { return m_temporary.path(); }
 
-    /// Reads the written drawing back and returns its size in bytes. Throws ExportFailed when it is not
-    /// complete or holds fewer than `images` images or definitions of images.
-    std::uintmax_t check(std::size_t images) const;
+    /// Reads the written drawing back and returns its size in bytes. Writes the viewport's view mode, which
+    /// the library writes as a real number, as the integer that some readers insist on; nothing else changes.
+    /// Throws ExportFailed when the drawing is not complete, holds fewer than `images` images or definitions
+    /// of images, or cannot be changed.
+    std::uintmax_t finish(std::size_t images);
 
     /// Puts the drawing in place with the permissions and, where the user may do that, the owner of the file
     /// that it replaces. Throws ExportFailed when that fails; the destination is as it was then.

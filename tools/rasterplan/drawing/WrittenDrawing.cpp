@@ -25,27 +25,38 @@ public:
         : m_drawing(drawing) {}
 
     void take(std::string_view line) {
+        const std::uintmax_t place = m_place;
+        m_place += line.size() + 1;
         if (!m_valueIsNext) {
             const std::string_view code = trimmed(line);
             if (code.empty())
                 return; // behind the last group
             m_beginsRecord = code == "0";
+            m_isViewMode = m_inViewport && code == "71";
         } else {
             m_drawing.isComplete = false;
-            if (m_beginsRecord) {
-                const std::string_view record = trimmed(line);
-                m_drawing.isComplete = record == "EOF";
-                m_drawing.images += record == "IMAGE" ? 1 : 0;
-                m_drawing.imageDefinitions += record == "IMAGEDEF" ? 1 : 0;
-            }
+            if (m_beginsRecord)
+                begin(trimmed(line));
+            else if (m_isViewMode && line.starts_with("0.0") && trimmed(line) == "0.0")
+                m_drawing.viewModeAsReal = place;
         }
         m_valueIsNext = !m_valueIsNext;
     }
 
 private:
+    void begin(std::string_view record) {
+        m_inViewport = record == "VPORT";
+        m_drawing.isComplete = record == "EOF";
+        m_drawing.images += record == "IMAGE" ? 1 : 0;
+        m_drawing.imageDefinitions += record == "IMAGEDEF" ? 1 : 0;
+    }
+
     WrittenDrawing& m_drawing;
+    std::uintmax_t m_place = 0; // of the next line, in the file
     bool m_valueIsNext = false;
     bool m_beginsRecord = false;
+    bool m_inViewport = false;
+    bool m_isViewMode = false;
 };
 
 } // namespace
