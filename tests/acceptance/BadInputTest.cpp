@@ -135,7 +135,7 @@ TEST(BadPixels, AreWrittenAsTheHostGaveThem) {
         facade = RasterPlanWriter(wideText(utf8FromPath(file)).c_str());
         EXPECT_EQ(facade.add(image), RasterPlanWriter::Success);
         EXPECT_EQ(facade.create3DDxf(), RasterPlanWriter::Success);
-        for (const DxfRecord& record : readRecords(readGroups(readBytes(file)))) {
+        for (const DxfRecord& record : strictRecords(strictGroups(readBytes(file)))) {
             if (record.type == "IMAGE") {
                 EXPECT_EQ(record.value(13), c.width);
             } else if (record.type == "IMAGEDEF") {

@@ -84,7 +84,7 @@ ExportedDrawing readShapes(const std::vector<DxfRecord>& records) {
 }
 
 ExportedDrawing readDrawing(std::string bytes) {
-    std::vector<DxfRecord> records = readRecords(readGroups(bytes));
+    std::vector<DxfRecord> records = strictRecords(strictGroups(bytes));
     ExportedDrawing drawing = readShapes(records);
     auto image = drawing.images.begin();
     for (const DxfRecord& record : records)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/DxfRecords.h"
+#include "support/StrictDxf.h"
 
 #include <RasterPlanWriter/RasterPlanWriter.h>
 

@@ -158,7 +158,7 @@ TEST_F(Facade, SecondWriteRepeatsTheRecordsOfTheFirst) {
     const std::string second = bytes();
     EXPECT_NE(structureFindings(second, framedImages(2)), std::vector<std::string>());
     EXPECT_NE(structureFindings(second, framedImages(4)), std::vector<std::string>());
-    const auto groups = readGroups(second);
+    const auto groups = strictGroups(second);
     const auto count = [&](const char* type) {
         return std::count_if(groups.begin(), groups.end(),
                              [&](const DxfGroup& g) { return g.code == 0 && g.value == type; });
@@ -216,7 +216,7 @@ TEST_F(Facade, FlatteningLeavesTheStoredDrawingAsItWas) {
     std::vector<DxfRecord> inSpace;
     std::size_t pictures = 0;
     std::size_t lines = 0;
-    for (const DxfRecord& record : readRecords(readGroups(bytes())))
+    for (const DxfRecord& record : strictRecords(strictGroups(bytes())))
         if ((record.type == "IMAGE" && ++pictures > images.size()) ||
             (record.type == "LINE" && ++lines > 6 * images.size()))
             inSpace.push_back(record);

@@ -1,7 +1,6 @@
 #include "support/StructureWalk.h"
 
-#include "support/DxfGroups.h"
-#include "support/DxfRecords.h"
+#include "support/StrictDxf.h"
 
 #include <algorithm>
 #include <charconv>
@@ -55,9 +54,9 @@ public:
     std::vector<std::string> findings() {
         try {
             checkLineEnds();
-            const std::vector<DxfGroup> groups = readGroups(m_drawing);
+            const std::vector<DxfGroup> groups = strictGroups(m_drawing);
             checkValues(groups);
-            m_records = readRecords(groups);
+            m_records = strictRecords(groups);
             checkFrame();
             checkHandles();
             checkCounts();
@@ -139,7 +138,7 @@ private:
             check(!handle.empty() && handle != "0", record, "no handle");
             if (!handle.empty()) {
                 check(m_byHandle.emplace(handle, &record).second, record, "second record with " + handle);
-                highest = std::max(highest, handleNumber(handle));
+                highest = std::max(highest, strictHandle(handle));
             }
         }
         for (const DxfRecord& record : m_records)
@@ -147,7 +146,7 @@ private:
 
         for (const DxfVariable& variable : headerVariables(m_records)) {
             if (variable.name == "$HANDSEED" && !variable.groups.empty()) {
-                check(highest < handleNumber(variable.groups.front().value),
+                check(highest < strictHandle(variable.groups.front().value),
                       "a handle is not below $HANDSEED");
                 return;
             }

@@ -2,8 +2,8 @@
 
 #include "base/Error.h"
 #include "math/MathError.h"
-#include "support/DxfGroups.h"
 #include "support/Images.h"
+#include "support/StrictDxf.h"
 #include "support/WrittenBytes.h"
 #include "template/DxfError.h"
 
@@ -53,7 +53,7 @@ protected:
     // The values of a code in the records of a key.
     Texts values(TopLevelKey key, int code) const {
         Texts found;
-        for (const DxfGroup& group : readGroups(text(key)))
+        for (const DxfGroup& group : strictGroups(text(key)))
             if (group.code == code)
                 found.push_back(group.value);
         return found;

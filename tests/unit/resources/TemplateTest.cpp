@@ -1,4 +1,4 @@
-#include "support/DxfRecords.h"
+#include "support/StrictDxf.h"
 
 #include <gtest/gtest.h>
 
@@ -19,11 +19,11 @@ namespace {
 using rasterplan::test::DxfGroup;
 using rasterplan::test::DxfRecord;
 using rasterplan::test::DxfVariable;
-using rasterplan::test::handleNumber;
 using rasterplan::test::headerVariables;
 using rasterplan::test::isPointerCode;
-using rasterplan::test::readGroups;
-using rasterplan::test::readRecords;
+using rasterplan::test::strictGroups;
+using rasterplan::test::strictHandle;
+using rasterplan::test::strictRecords;
 using rasterplan::test::valueFitsCode;
 
 constexpr std::size_t longestLine = 511;           // what the writer reads of a line
@@ -64,10 +64,10 @@ bool isPlaceholder(const std::string& line) {
 std::vector<DxfGroup> templateGroups() {
     std::vector<DxfGroup> groups;
     std::string text;
-    int textLine = 1;
-    int line = 0;
+    std::size_t textLine = 1;
+    std::size_t line = 0;
     const auto take = [&] {
-        const std::vector<DxfGroup> read = readGroups(text, textLine);
+        const std::vector<DxfGroup> read = strictGroups(text, textLine);
         groups.insert(groups.end(), read.begin(), read.end());
         text.clear();
         textLine = line + 1;
@@ -129,7 +129,7 @@ protected:
     }
 
     const std::vector<DxfGroup> groups = templateGroups();
-    const std::vector<DxfRecord> records = readRecords(groups);
+    const std::vector<DxfRecord> records = strictRecords(groups);
 };
 
 TEST_F(Template, IsAsciiInLinesThatTheWriterReadsWhole) {
@@ -267,8 +267,8 @@ TEST_F(Template, LeavesTheGeneratedRecordsTheirHandles) {
         if (handle.empty())
             continue;
         EXPECT_TRUE(seen.insert(handle).second) << handle << " stands twice, again in line " << record.line;
-        EXPECT_GT(handleNumber(handle), 0U) << record.line;
-        EXPECT_LE(handleNumber(handle), lastTemplateHandle) << record.line;
+        EXPECT_GT(strictHandle(handle), 0U) << record.line;
+        EXPECT_LE(strictHandle(handle), lastTemplateHandle) << record.line;
         EXPECT_EQ(reservedHandles.count(handle), 0U) << handle << " in line " << record.line;
     }
 }

@@ -1,11 +1,14 @@
-#include "support/DxfGroups.h"
+#include "support/StrictDxf.h"
 
 #include <algorithm>
 #include <charconv>
 #include <stdexcept>
+#include <utility>
 
 namespace rasterplan::test {
 namespace {
+
+using rasterplan_tool::DxfFault;
 
 enum class Kind { Text, Integer, Boolean, Real, Handle };
 
@@ -32,8 +35,13 @@ Kind kindOf(int code) {
     return range == std::end(codeRanges) ? Kind::Text : range->kind;
 }
 
-[[noreturn]] void fail(int line, const std::string& what) {
+[[noreturn]] void fail(std::size_t line, const std::string& what) {
     throw std::runtime_error("line " + std::to_string(line) + ": " + what);
+}
+
+void failAtFirst(const std::vector<DxfFault>& faults) {
+    if (!faults.empty())
+        fail(faults.front().line, faults.front().text);
 }
 
 template <typename Number, typename... Base>
@@ -49,67 +57,45 @@ bool isHandle(std::string_view text, unsigned long& number) {
            parsesWhole(text, number, 16);
 }
 
-// Takes lines off a text and holds it to one kind of line end.
-class LineReader {
-public:
-    LineReader(std::string_view text, int firstLine)
-        : m_rest(text)
-        , m_line(firstLine - 1) {}
-
-    bool atEnd() const { return m_rest.empty(); }
-    int line() const { return m_line; }
-
-    std::string_view next() {
-        ++m_line;
-        const std::size_t end = m_rest.find('\n');
-        std::string_view text = m_rest.substr(0, end);
-        if (end == std::string_view::npos) {
-            m_rest = {};
-        } else {
-            m_rest.remove_prefix(end + 1);
-            const LineEnd found = text.ends_with('\r') ? LineEnd::CrLf : LineEnd::Lf;
-            if (m_lineEnd != LineEnd::Unknown && found != m_lineEnd)
-                fail(m_line, "another line end than before");
-            m_lineEnd = found;
-            if (found == LineEnd::CrLf)
-                text.remove_suffix(1);
-        }
-        if (text.find('\r') != std::string_view::npos)
-            fail(m_line, "carriage return inside a line");
-        return text;
+// Writers may pad the code to three columns, and do no more to it.
+void demandOneForm(std::string_view text, std::size_t firstLine) {
+    const std::size_t firstEnd = text.find('\n');
+    const bool endsWithCr = firstEnd != std::string_view::npos && text.substr(0, firstEnd).ends_with('\r');
+    bool isCode = true;
+    for (std::size_t line = firstLine; !text.empty(); ++line, isCode = !isCode) {
+        const std::size_t end = text.find('\n');
+        std::string_view content = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        if (end != std::string_view::npos && content.ends_with('\r') != endsWithCr)
+            fail(line, "another line end than before");
+        if (end != std::string_view::npos && endsWithCr)
+            content.remove_suffix(1);
+        if (content.find('\r') != std::string_view::npos)
+            fail(line, "carriage return inside a line");
+        const std::size_t digits = std::min(content.find_first_not_of(' '), content.size());
+        if (isCode && content.find_first_not_of("-0123456789", digits) != std::string_view::npos)
+            fail(line, "no group code: \"" + std::string(content) + '"');
     }
-
-private:
-    enum class LineEnd { Unknown, Lf, CrLf };
-
-    std::string_view m_rest;
-    int m_line;
-    LineEnd m_lineEnd = LineEnd::Unknown;
-};
+}
 
 } // namespace
 
-std::vector<DxfGroup> readGroups(std::string_view text, int firstLine) {
-    std::vector<DxfGroup> groups;
-    LineReader reader(text, firstLine);
-    while (!reader.atEnd()) {
-        std::string_view codeText = reader.next();
-        const int line = reader.line();
-        if (!groups.empty() && groups.back().code == 0 && groups.back().value == "EOF") {
-            if (!codeText.empty())
-                fail(line, "text behind EOF");
-            continue;
-        }
-        // Writers may pad the code to three columns.
-        codeText.remove_prefix(std::min(codeText.find_first_not_of(' '), codeText.size()));
-        int code = 0;
-        if (!parsesWhole(codeText, code) || code < -5 || code > 1071)
-            fail(line, "no group code: \"" + std::string(codeText) + '"');
-        if (reader.atEnd())
-            fail(line, "group code without value");
-        groups.push_back({code, std::string(reader.next()), line});
-    }
+std::vector<DxfGroup> strictGroups(std::string_view text, std::size_t firstLine) {
+    std::vector<DxfFault> faults;
+    std::vector<DxfGroup> groups = rasterplan_tool::readGroups(text, faults, firstLine);
+    failAtFirst(faults);
+    demandOneForm(text, firstLine);
     return groups;
+}
+
+std::vector<DxfRecord> strictRecords(std::vector<DxfGroup> groups) {
+    std::vector<DxfFault> faults;
+    std::vector<DxfRecord> records = rasterplan_tool::readRecords(std::move(groups), faults);
+    failAtFirst(faults);
+    for (const DxfRecord& record : records)
+        if (record.type != "SECTION" && record.values(record.type == "DIMSTYLE" ? 105 : 5).size() > 1)
+            fail(record.line, record.type + " has two handles");
+    return records;
 }
 
 bool isPointerCode(int code) {
@@ -135,7 +121,7 @@ bool valueFitsCode(const DxfGroup& group) {
     return true;
 }
 
-unsigned long handleNumber(std::string_view text) {
+unsigned long strictHandle(std::string_view text) {
     unsigned long number = 0;
     if (!isHandle(text, number))
         throw std::runtime_error("no handle: \"" + std::string(text) + '"');
