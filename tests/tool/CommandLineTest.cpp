@@ -111,8 +111,8 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         Arguments arguments;
         const char* words;
     } cases[] = {
-        {{}, "no command is given; the commands are 3d, 2d and plane"},
-        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d and plane"},
+        {{}, "no command is given; the commands are 3d, 2d, plane and check"},
+        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d, plane and check"},
         {{"3d"}, "SITE.json is required"},
         {{"3d", "s"}, "OUT.dxf is required"},
         {{"3d", "s", "o", "x"}, "x"},

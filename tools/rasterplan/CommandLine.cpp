@@ -48,15 +48,16 @@ stand in an image too. The units:
 )" + unitHelp() +
            R"(
 
-Exit status: 0 done, perhaps with warnings; 1 the drawing could not be written;
-2 wrong command line or SITE.json. A run that fails or is interrupted leaves an
-existing OUT.dxf as it was.)";
+Exit status: 0 done, perhaps with warnings; 1 the drawing could not be written,
+or check found something wrong; 2 wrong command line, SITE.json or DRAWING.dxf.
+A run that fails or is interrupted leaves an existing OUT.dxf as it was.)";
 }
 
 // The texts of the options as the user typed them.
 struct OptionTexts {
     std::string site;
     std::string output;
+    std::string drawing;
     std::string pathForm = "absolute";
     std::string origin;
     std::string xAxis;
@@ -205,6 +206,13 @@ CLI::App* addShowPlane(CLI::App& app, OptionTexts& texts) {
     return command;
 }
 
+CLI::App* addCheckDrawing(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command = app.add_subcommand("check", "Say why pictures of a drawing do not show");
+    command->add_option("DRAWING.dxf", texts.drawing, "A text DXF of any program")->required();
+    command->add_flag("--json", texts.json, "As JSON");
+    return command;
+}
+
 Command writeDrawing(const OptionTexts& texts) {
     if (texts.output.empty())
         throw BadInput("the output path is empty; name a file, such as site.dxf");
@@ -228,6 +236,10 @@ Command showPlane(const OptionTexts& texts) {
     return ShowPlane{pathFromUtf8(texts.site), texts.json};
 }
 
+Command checkDrawing(const OptionTexts& texts) {
+    return CheckDrawing{pathFromUtf8(texts.drawing), texts.json};
+}
+
 } // namespace
 
 CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
@@ -236,10 +248,11 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     app.allow_windows_style_options(false); // an absolute path may begin with '/'
     app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
 
-    const std::array<Subcommand, 3> commands{{
+    const std::array<Subcommand, 4> commands{{
         {addWrite3d(app, texts), &writeDrawing},
         {addWrite2d(app, texts), &writeDrawingFlattened},
         {addShowPlane(app, texts), &showPlane},
+        {addCheckDrawing(app, texts), &checkDrawing},
     }};
 
     app.footer(footer()); // after the commands, which would take it over
@@ -256,7 +269,7 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
         if (app.get_subcommands().empty()) {
             text =
                 (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
-                "; the commands are 3d, 2d and plane";
+                "; the commands are 3d, 2d, plane and check";
         }
         throw BadInput(visible(text) + "; \"rasterplan --help\" shows the usage");
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CheckDrawing.h"
 #include "commands/ShowPlane.h"
 #include "commands/WriteDrawing.h"
 
@@ -11,7 +12,7 @@
 namespace rasterplan_tool {
 
 /// What the program is to do.
-using Command = std::variant<WriteDrawing, ShowPlane>;
+using Command = std::variant<WriteDrawing, ShowPlane, CheckDrawing>;
 
 /// Either a command or a text that answers it (help, version).
 struct CommandLineResult {

@@ -10,6 +10,7 @@ namespace rasterplan_tool {
 enum class ExitStatus : int {
     Success = 0,      ///< Done; warnings may have been printed.
     ExportFailed = 1, ///< The input was right, but the drawing could not be written.
+    FaultsFound = 1,  ///< A drawing was checked, and something in it is wrong.
     BadInput = 2      ///< The command line, SITE.json or the geometry in it is wrong.
 };
 
@@ -46,6 +47,13 @@ public:
 private:
     std::string m_text;
     std::size_t m_count = 0;
+};
+
+/// A drawing that was checked and is not right; the faults have been printed.
+class FaultsFound : public Failure {
+public:
+    explicit FaultsFound(const std::string& text)
+        : Failure(ExitStatus::FaultsFound, text) {}
 };
 
 /// A drawing that could not be written.
