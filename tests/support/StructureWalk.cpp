@@ -1,15 +1,23 @@
 #include "support/StructureWalk.h"
 
+#include "reader/DxfPointers.h"
+#include "report/DrawingCheck.h"
 #include "support/StrictDxf.h"
 
 #include <algorithm>
 #include <charconv>
-#include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 
 namespace rasterplan::test {
 namespace {
+
+using rasterplan_tool::DxfDrawing;
+using rasterplan_tool::DxfHandles;
+using rasterplan_tool::entriesOf;
+using rasterplan_tool::ownerOf;
+using rasterplan_tool::reactorsOf;
 
 constexpr const char* rootDictionary = "9";
 constexpr const char* imageDictionary = "5A";
@@ -22,41 +30,22 @@ double number(const std::string& text) {
     return value;
 }
 
-// The handles in the record's group of reactors.
-std::vector<std::string> reactors(const DxfRecord& record) {
-    std::vector<std::string> found;
-    bool inside = false;
-    for (const DxfGroup& group : record.groups)
-        if (group.code == 102)
-            inside = group.value == "{ACAD_REACTORS";
-        else if (inside && group.code == 330)
-            found.push_back(group.value);
-    return found;
-}
-
-// The first 330 that stands in no group.
-std::string owner(const DxfRecord& record) {
-    bool inside = false;
-    for (const DxfGroup& group : record.groups)
-        if (group.code == 102)
-            inside = group.value != "}";
-        else if (!inside && group.code == 330)
-            return group.value;
-    return {};
-}
-
 class Walk {
 public:
     Walk(std::string_view drawing, const StructureCounts& counts)
-        : m_drawing(drawing)
+        : m_text(drawing)
         , m_counts(counts) {}
 
     std::vector<std::string> findings() {
         try {
             checkLineEnds();
-            const std::vector<DxfGroup> groups = strictGroups(m_drawing);
+            const std::vector<DxfGroup> groups = strictGroups(m_text);
             checkValues(groups);
-            m_records = strictRecords(groups);
+            m_drawing.records = strictRecords(groups);
+            m_handles.emplace(m_drawing.records);
+            for (const rasterplan_tool::Finding& finding : checkRecords(m_drawing))
+                check(false,
+                      "line " + std::to_string(finding.line) + ", " + finding.record + ": " + finding.text);
             checkFrame();
             checkHandles();
             checkCounts();
@@ -82,7 +71,7 @@ private:
 
     std::vector<const DxfRecord*> all(std::string_view type) const {
         std::vector<const DxfRecord*> found;
-        for (const DxfRecord& record : m_records)
+        for (const DxfRecord& record : m_drawing.records)
             if (record.type == type)
                 found.push_back(&record);
         return found;
@@ -90,22 +79,22 @@ private:
 
     // The record with this handle and type. Throws when there is none.
     const DxfRecord& named(const std::string& handle, std::string_view type) const {
-        const auto found = m_byHandle.find(handle);
-        if (found == m_byHandle.end() || found->second->type != type)
+        const DxfRecord* const found = m_handles->find(handle, type);
+        if (found == nullptr)
             throw std::runtime_error("no " + std::string(type) + " has the handle \"" + handle + '"');
-        return *found->second;
+        return *found;
     }
 
     void checkLineEnds() {
-        for (std::size_t i = 0; i < m_drawing.size(); ++i) {
-            const bool second = m_drawing[i] == '\n' && i > 0 && m_drawing[i - 1] == '\r';
-            const bool first = m_drawing[i] == '\r' && i + 1 < m_drawing.size() && m_drawing[i + 1] == '\n';
-            if (m_drawing[i] == '\n')
+        for (std::size_t i = 0; i < m_text.size(); ++i) {
+            const bool second = m_text[i] == '\n' && i > 0 && m_text[i - 1] == '\r';
+            const bool first = m_text[i] == '\r' && i + 1 < m_text.size() && m_text[i + 1] == '\n';
+            if (m_text[i] == '\n')
                 check(second, "byte " + std::to_string(i) + ": LF without CR");
-            if (m_drawing[i] == '\r')
+            if (m_text[i] == '\r')
                 check(first, "byte " + std::to_string(i) + ": CR without LF");
         }
-        check(m_drawing.ends_with("\r\n"), "the last line has no end");
+        check(m_text.ends_with("\r\n"), "the last line has no end");
     }
 
     void checkValues(const std::vector<DxfGroup>& groups) {
@@ -124,27 +113,23 @@ private:
         check(sections ==
                   std::vector<std::string>{"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"},
               "the sections are others or in another order");
-        check(!m_records.empty() && m_records.back().type == "EOF", "no EOF at the end");
-        check(all("EOF").size() == 1, "not one EOF");
     }
 
     void checkHandles() {
         static const std::set<std::string> without = {"SECTION", "ENDSEC", "CLASS", "ENDTAB", "EOF"};
         unsigned long highest = 0;
-        for (const DxfRecord& record : m_records) {
+        for (const DxfRecord& record : m_drawing.records) {
             if (without.contains(record.type))
                 continue;
             const std::string handle = record.handle();
             check(!handle.empty() && handle != "0", record, "no handle");
-            if (!handle.empty()) {
-                check(m_byHandle.emplace(handle, &record).second, record, "second record with " + handle);
+            if (!handle.empty())
                 highest = std::max(highest, strictHandle(handle));
-            }
         }
-        for (const DxfRecord& record : m_records)
+        for (const DxfRecord& record : m_drawing.records)
             checkPointers(record);
 
-        for (const DxfVariable& variable : headerVariables(m_records)) {
+        for (const DxfVariable& variable : headerVariables(m_drawing.records)) {
             if (variable.name == "$HANDSEED" && !variable.groups.empty()) {
                 check(highest < strictHandle(variable.groups.front().value),
                       "a handle is not below $HANDSEED");
@@ -158,7 +143,8 @@ private:
         const bool top = record.type == "TABLE" || record.handle() == rootDictionary;
         for (const DxfGroup& group : record.groups)
             if (isPointerCode(group.code) && !(top && group.code == 330 && group.value == "0"))
-                check(m_byHandle.contains(group.value), record, "no record has the handle " + group.value);
+                check(m_handles->find(group.value) != nullptr, record,
+                      "no record has the handle " + group.value);
     }
 
     void checkCounts() {
@@ -189,34 +175,23 @@ private:
     }
 
     void checkDictionaries() {
-        const auto objects = std::find_if(m_records.begin(), m_records.end(), [](const DxfRecord& r) {
-            return r.section == "OBJECTS" && r.type != "SECTION";
-        });
-        check(objects != m_records.end() && objects->type == "DICTIONARY" &&
+        const auto objects =
+            std::find_if(m_drawing.records.begin(), m_drawing.records.end(),
+                         [](const DxfRecord& r) { return r.section == "OBJECTS" && r.type != "SECTION"; });
+        check(objects != m_drawing.records.end() && objects->type == "DICTIONARY" &&
                   objects->handle() == rootDictionary,
               "the root dictionary is not the first object");
         const DxfRecord& root = named(rootDictionary, "DICTIONARY");
-        check(owner(root) == "0", root, "the root dictionary has an owner");
-        check(entries(root).contains({"ACAD_IMAGE_DICT", imageDictionary}), root,
-              "no entry ACAD_IMAGE_DICT for the image dictionary");
-
+        check(ownerOf(root) == "0", root, "the root dictionary has an owner");
         const DxfRecord& images = named(imageDictionary, "DICTIONARY");
-        check(owner(images) == rootDictionary, images, "not owned by the root dictionary");
-        check(reactors(images) == std::vector<std::string>{rootDictionary}, images, "wrong reactors");
+        check(ownerOf(images) == rootDictionary, images, "not owned by the root dictionary");
+        check(reactorsOf(images) == std::vector<std::string>{rootDictionary}, images, "wrong reactors");
         check(images.values(3).size() == m_counts.images, images,
               std::to_string(images.values(3).size()) + " entries");
-        for (const auto& [name, handle] : entries(images)) {
+        for (const auto& [name, handle] : entriesOf(images)) {
             named(handle, "IMAGEDEF");
             check(m_definitions.insert(handle).second, images, "two entries for " + handle);
         }
-    }
-
-    static std::set<std::pair<std::string, std::string>> entries(const DxfRecord& dictionary) {
-        std::set<std::pair<std::string, std::string>> found;
-        for (std::size_t i = 0; i + 1 < dictionary.groups.size(); ++i)
-            if (dictionary.groups[i].code == 3 && dictionary.groups[i + 1].code == 350)
-                found.emplace(dictionary.groups[i].value, dictionary.groups[i + 1].value);
-        return found;
     }
 
     void checkImage(const DxfRecord& image) {
@@ -224,17 +199,16 @@ private:
         const DxfRecord& reactor = named(image.value(360), "IMAGEDEF_REACTOR");
         check(m_definitions.erase(definition.handle()) == 1, image,
               "the image dictionary does not lead to its definition, or another image has it too");
-        check(owner(definition) == imageDictionary, definition, "not owned by the image dictionary");
-        check(reactors(definition) == std::vector<std::string>{imageDictionary, reactor.handle()}, definition,
-              "its reactors are not the image dictionary and the image's reactor");
+        check(ownerOf(definition) == imageDictionary, definition, "not owned by the image dictionary");
+        check(reactorsOf(definition) == std::vector<std::string>{imageDictionary, reactor.handle()},
+              definition, "its reactors are not the image dictionary and the image's reactor");
         check(reactor.values(330) == std::vector<std::string>{image.handle(), image.handle()}, reactor,
               "does not name its image twice");
-        const DxfRecord& space = named(owner(image), "BLOCK_RECORD");
+        const DxfRecord& space = named(ownerOf(image), "BLOCK_RECORD");
         check(space.value(2) == "*Model_Space", image, "not owned by the model space");
 
         const double width = number(image.value(13));
         const double height = number(image.value(23));
-        check(width > 0.0 && height > 0.0, image, "no pixels");
         check(number(definition.value(10)) == width && number(definition.value(20)) == height, definition,
               "other pixel counts than its image");
         check(number(definition.value(11)) > 0.0, definition, "no pixel size");
@@ -251,10 +225,10 @@ private:
               image, "the clip boundary is not the whole picture");
     }
 
-    std::string_view m_drawing;
+    std::string_view m_text;
     StructureCounts m_counts;
-    std::vector<DxfRecord> m_records;
-    std::map<std::string, const DxfRecord*> m_byHandle;
+    DxfDrawing m_drawing;
+    std::optional<DxfHandles> m_handles;
     std::set<std::string> m_definitions; // Named by the image dictionary and not yet met at an image.
     std::vector<std::string> m_findings;
 };

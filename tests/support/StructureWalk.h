@@ -20,11 +20,10 @@ constexpr StructureCounts framedImages(std::size_t images) {
 
 /// Walks a written drawing and says all that is wrong with it, a sentence each; empty when nothing is.
 ///
-/// CAD programs refuse drawings, or leave pictures out, for any of: a line that does not end with CR LF,
-/// pairs that are not strictly code and value, values that do not fit their code, records that share a
-/// handle, a pointer to no record, a handle not below $HANDSEED, a picture that the root dictionary does not
-/// lead to by way of the image dictionary, an open ring of image, definition and reactor, class counts that
-/// are not the number of images, and an empty clip boundary.
+/// That is every finding of the tool's checkRecords, and what only a drawing of this library must hold: lines
+/// that end with CR LF, pairs that are strictly code and value, values that fit their code, no pointer to no
+/// record, no handle above $HANDSEED, the right number of each record and in each class, dictionaries and
+/// reactors in their one form, and clip boundaries of the whole picture.
 std::vector<std::string> structureFindings(std::string_view drawing, const StructureCounts& counts);
 
 } // namespace rasterplan::test
