@@ -160,6 +160,16 @@ TEST(DrawingCheck, GoodDrawingHasNoFinding) {
     EXPECT_EQ(findingsOf("999 a comment\n0 SECTION\n2 ENTITIES\n0 LINE\n8 0\n0 ENDSEC\n0 EOF\n"), none);
 }
 
+TEST(DrawingCheck, DrawingAsLibreCadWritesItHasNoFinding) {
+    const std::size_t classes = goodPairs.find("0 CLASS\n");
+    std::string pairs(goodPairs);
+    pairs.erase(classes, goodPairs.find("0 ENDSEC", classes) - classes);
+    pairs = changed("0 IMAGE\n", "70 7\n280 1\n", "70     1\n280     0\n", pairs);
+    pairs = changed("0 IMAGE\n", "71 1\n91 2\n14 -0.5\n24 -0.5\n14 16.5\n24 8.5\n", "", pairs);
+    pairs = changed("0 IMAGEDEF\n", "330 5A\n", "", pairs);
+    EXPECT_EQ(findingsOf(changed("0 VPORT\n5", "2 *Active", "2 *ACTIVE", pairs)), none);
+}
+
 TEST(DrawingCheck, HandlesAreNumbersInAnyWriting) {
     EXPECT_EQ(findingsOf(changed("IMAGE\n5", "340 8B", "340 008b")), none);
     EXPECT_EQ(findingsOf(changed("IMAGEDEF_REACTOR\n5", "330 8A", "330   8a ")), none);
@@ -196,6 +206,10 @@ TEST(DrawingCheck, RingOfImageDefinitionAndReactor) {
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "360 8C", "360 0")), Texts{"broken-ring IMAGE 8A"});
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "360 8C\n", "")), Texts{"broken-ring IMAGE 8A"});
     EXPECT_EQ(findingsOf(changed("0 IMAGEDEF_REACTOR\n", "330 8A", "330 8B")),
+              Texts{"broken-ring IMAGEDEF_REACTOR 8C"});
+    EXPECT_EQ(findingsOf(changed("0 IMAGEDEF_REACTOR\n", "330 8A", "330 8A\n330 8B")),
+              Texts{"broken-ring IMAGEDEF_REACTOR 8C"}); // the first is the owner
+    EXPECT_EQ(findingsOf(changed("0 IMAGEDEF_REACTOR\n", "330 8A\n", "")),
               Texts{"broken-ring IMAGEDEF_REACTOR 8C"});
     EXPECT_EQ(findingsOf(changed("0 IMAGEDEF\n", "330 8C\n", "")), Texts{"broken-ring IMAGEDEF 8B"});
 }

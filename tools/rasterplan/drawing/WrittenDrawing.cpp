@@ -2,6 +2,7 @@
 
 #include "base/Failure.h"
 #include "base/Resources.h"
+#include "reader/DxfGroups.h"
 
 #include <cerrno>
 #include <fstream>
@@ -10,13 +11,6 @@
 
 namespace rasterplan_tool {
 namespace {
-
-std::string_view trimmed(std::string_view line) {
-    constexpr std::string_view blank = " \t\r";
-    const std::size_t first = line.find_first_not_of(blank);
-    return first == std::string_view::npos ? std::string_view()
-                                           : line.substr(first, line.find_last_not_of(blank) - first + 1);
-}
 
 // Takes the lines of a drawing, a code and a value in turn.
 class GroupCounter {

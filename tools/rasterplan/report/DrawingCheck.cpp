@@ -241,9 +241,8 @@ private:
         const DxfRecord* const reactor = target(image, 360, "IMAGEDEF_REACTOR", "reactor");
         if (reactor == nullptr)
             return;
-        const std::vector<std::string> named330 = reactor->values(330);
-        if (std::none_of(named330.begin(), named330.end(),
-                         [&](const std::string& handle) { return isSameHandle(handle, image.handle()); })) {
+        const std::vector<std::string> images = reactor->values(330); // the last; the owner comes before
+        if (images.empty() || !isSameHandle(images.back(), image.handle())) {
             add(FindingKind::BrokenRing, *reactor,
                 "the reactor of " + named(image) + " does not name it in code 330; write \"" +
                     image.handle() + "\" there");
