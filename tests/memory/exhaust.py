@@ -24,6 +24,13 @@ SITE = """{"images": [
 ]}
 """
 
+# A drawing of one image, in which nothing is wrong.
+CHECKED = """0 SECTION/2 ENTITIES/0 IMAGE/5 8A/11 1/21 0/12 0/22 1/13 17/23 9/340 8B/360 8C/70 7/0 ENDSEC
+0 SECTION/2 OBJECTS/0 DICTIONARY/5 C/3 ACAD_IMAGE_DICT/350 5A/0 DICTIONARY/5 5A/3 grey/350 8B
+0 IMAGEDEF/5 8B/102 {ACAD_REACTORS/330 8C/102 }/1 grey-17x9.png/10 17/20 9
+0 IMAGEDEF_REACTOR/5 8C/330 8A/0 ENDSEC/0 EOF
+""".replace("/", "\n").replace(" ", "\n")
+
 # Results of the library that may stand for a lack of memory: a file cannot be opened without, and the others.
 LIBRARY_RESULTS = {3, 4, 6, 10}
 
@@ -44,6 +51,7 @@ class Case:
         for picture in ("grey-17x9.png", "grey-17x9.jpg"):
             shutil.copy(options.pictures / picture, self.folder)
         (self.folder / "SITE.json").write_text(SITE)
+        (self.folder / "checked.dxf").write_text(CHECKED)
         self.drawing.write_bytes(OLD_DRAWING)
         self.names = sorted(os.listdir(self.folder))
         self.status, self.asked, self.left = self.run(0, False)
@@ -107,6 +115,8 @@ def cases(options, work):
                "--y-axis=0,0,1", "--distance-tolerance=1")
     yield tool("plane", "plane", "@/SITE.json")
     yield tool("plane json", "plane", "@/SITE.json", "--json")
+    yield tool("check", "check", "@/checked.dxf")
+    yield tool("check json", "check", "@/checked.dxf", "--json")
     yield tool("help", "--help")
     for form in ("3d", "2d"):
         folder = work / f"library-{form}"

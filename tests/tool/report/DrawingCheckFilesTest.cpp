@@ -63,8 +63,7 @@ TEST_F(DrawingCheckFiles, FileIsFoundByEveryFormOfItsPath) {
          {std::string("south.png"), std::string("./south.png"), absolute, std::string("pictures/east ä.png"),
           std::string(".\\pictures\\east ä.png"), std::string("pictures/east \\U+00E4.png"),
           std::string("pictures/east \xE4.png"), std::string("Z:\\moved\\from here\\south.png"),
-          std::string("Z:south.png"), std::string("/moved/from here/south.png"),
-          std::string("..\\pictures\\south.png")})
+          std::string("/moved/from here/south.png"), std::string("..\\pictures\\south.png")})
         EXPECT_EQ(kinds(drawingText(path)), none) << path;
     EXPECT_EQ(kinds(drawingText("pictures")), missing); // a folder
     EXPECT_EQ(kinds(drawingText("east ä.png")), missing);
@@ -78,9 +77,7 @@ TEST_F(DrawingCheckFiles, EachPlaceIsNamed) {
                                  shownText(folder / "south.png") +
                                  "; put the file beside the drawing or correct the path in code 1");
     const std::string onDrive = findings(drawingText("D:\\south.png")).at(0).text;
-    EXPECT_EQ(onDrive.find("a path") == std::string::npos &&
-                  onDrive.find("one of Windows") == std::string::npos,
-              isWindows);
+    EXPECT_EQ(onDrive.find("one of Windows") == std::string::npos, isWindows) << onDrive;
 }
 
 TEST_F(DrawingCheckFiles, PlacesOfAPath) {

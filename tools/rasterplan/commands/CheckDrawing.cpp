@@ -7,6 +7,7 @@
 #include "report/DrawingCheckReport.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
@@ -27,9 +28,15 @@ std::string readBytes(const fs::path& file) {
         throwIfExhausted(errno);
         throw BadInput(quoted(file) + " cannot be opened; correct the path or the file's permissions");
     }
-    std::ostringstream bytes;
-    bytes << stream.rdbuf();
-    return std::move(bytes).str();
+    std::string bytes;
+    std::array<char, 65536> block;
+    do {
+        stream.read(block.data(), block.size());
+        bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+    } while (stream);
+    if (stream.bad())
+        throw BadInput(quoted(file) + " cannot be read to its end; copy it to another disk");
+    return bytes;
 }
 
 void demandText(const fs::path& file, DxfForm form) {

@@ -135,15 +135,13 @@ std::vector<fs::path> picturePlaces(const std::string& name, const fs::path& fol
     };
     if (breaksLines(name))
         return places;
-    const std::string slashes = withSlashes(name);
+    const fs::path path = pathFromUtf8(withSlashes(name));
     if (!isOfAnotherSystem(name)) {
         add(folder / pathFromUtf8(name)); // which is the path alone where it is absolute
-        add(folder / pathFromUtf8(slashes));
+        add(folder / path);
     }
-    const char* const separators = isOfAnotherSystem(name) ? "/:" : "/";
-    const std::string_view bareName = std::string_view(slashes).substr(slashes.find_last_of(separators) + 1);
-    if (!bareName.empty())
-        add(folder / pathFromUtf8(bareName));
+    if (path.has_filename())
+        add(folder / path.filename());
     return places;
 }
 
