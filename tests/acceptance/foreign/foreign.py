@@ -197,6 +197,7 @@ HARMLESS = [
     lambda doc: setattr(image_of(doc).dxf, "flags", 1),
     lambda doc: doc.layers.get("0").off(),
     lambda doc: doc.blocks.new("empty"),
+    lambda doc: doc.modelspace().add_image(image_of(doc).image_def, insert=(0, 20), size_in_units=SIZE),
 ]
 
 

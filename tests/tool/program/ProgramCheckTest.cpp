@@ -49,6 +49,8 @@ TEST_F(CheckedDrawing, WithoutImagesIsSaidToHaveNone) {
     const ProgramResult result = check({"empty.dxf"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "empty.dxf: the drawing holds no image\n");
+    writeFile(folder / "empty.dxf", "");
+    EXPECT_EQ(check({"empty.dxf"}).status, 1); // what a write that failed leaves
 }
 
 TEST_F(CheckedDrawing, HasALineForEveryReason) {
@@ -97,6 +99,10 @@ TEST_F(CheckedDrawing, CannotBeReadIsAFailureOfItsOwn) {
     EXPECT_NE(error("plan.dwg").find("is a DWG drawing"), std::string::npos);
     writeFile(folder / "binary.dxf", std::string_view("AutoCAD Binary DXF\r\n\x1a\0", 22));
     EXPECT_NE(error("binary.dxf").find("is a binary DXF"), std::string::npos);
+    EXPECT_NE(error("site.json").find("is no DXF drawing"), std::string::npos);
+    if (std::filesystem::path::preferred_separator == '/') { // a file of Linux that nobody can read
+        EXPECT_NE(error("/proc/self/mem").find("cannot be read to its end"), std::string::npos);
+    }
 }
 
 } // namespace rasterplan_tool

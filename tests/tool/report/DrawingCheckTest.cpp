@@ -123,7 +123,7 @@ std::string textOf(const std::string& pairs) {
     std::istringstream stream(pairs);
     std::string text;
     for (std::string pair; std::getline(stream, pair);)
-        text += pair.replace(pair.find(' '), 1, "\n") + '\n';
+        text += pair.substr(0, pair.find(' ')) + '\n' + pair.substr(pair.find(' ') + 1) + '\n';
     return text;
 }
 

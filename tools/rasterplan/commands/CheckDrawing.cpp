@@ -66,6 +66,8 @@ void execute(const CheckDrawing& command, Console& console, const MemoryWatch& m
     memory.require();
     demandText(command.drawing, formOf(bytes));
     const DxfDrawing drawing = readDrawing(bytes);
+    if (drawing.records.empty() && !bytes.empty())
+        throw BadInput(quoted(command.drawing) + " is no DXF drawing; name one, such as plan.dxf");
     std::vector<Finding> findings = checkRecords(drawing);
     std::vector<Finding> ofFiles = checkFiles(drawing, command.drawing);
     std::move(ofFiles.begin(), ofFiles.end(), std::back_inserter(findings));

@@ -81,8 +81,7 @@ public:
         std::vector<fs::path> places;
         try {
             places = picturePlaces(name, m_folder);
-        } catch (const BadInput&) {
-            places.clear();
+        } catch (const BadInput&) { // no path can hold the name
         }
         if (const std::optional<fs::path> file = firstFile(places)) {
             checkPixels(definition, *file);
