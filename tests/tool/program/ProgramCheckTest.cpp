@@ -30,7 +30,7 @@ protected:
         writeFile(folder / "plan.dxf", text.replace(at, from.size(), to));
     }
 
-    const TestFolder folder;
+    TestFolder folder;
     const ProgramSetting here = standingIn(folder.path());
 };
 

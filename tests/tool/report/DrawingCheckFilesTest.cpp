@@ -42,8 +42,8 @@ protected:
         writeFile(folder / name, readBytes(testData("grey-17x9.png")));
     }
 
-    const TestFolder folder;
-    const std::vector<FindingKind> none;
+    TestFolder folder;
+    const std::vector<FindingKind> none = {};
     const std::vector<FindingKind> missing{FindingKind::FileMissing};
 };
 

@@ -150,7 +150,7 @@ Texts findingsOf(const std::string& pairs) {
     return texts;
 }
 
-const Texts none;
+const Texts none = {};
 
 } // namespace
 
