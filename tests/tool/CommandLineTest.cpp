@@ -78,6 +78,12 @@ TEST(CommandLine, ShowPlane) {
     EXPECT_TRUE(parsed<ShowPlane>({"plane", "s", "--json"}).json);
 }
 
+TEST(CommandLine, CheckDrawing) {
+    EXPECT_EQ(utf8FromPath(parsed<CheckDrawing>({"check", "d"}).drawing), "d");
+    EXPECT_FALSE(parsed<CheckDrawing>({"check", "d"}).json);
+    EXPECT_TRUE(parsed<CheckDrawing>({"check", "d", "--json"}).json);
+}
+
 TEST(CommandLine, PathsMayBeginWithAnything) {
     EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "/x/s", "/y/o"}).site), "/x/s");
     EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "--", "-s", "-o"}).site), "-s");

@@ -89,6 +89,13 @@ TEST(DxfRecords, BracketsThatDoNotMatchAreFaults) {
               Texts{"9: section ends inside table T"});
 }
 
+TEST(DxfRecords, SectionEndsItsTable) {
+    const DxfDrawing drawing = readDrawing(
+        "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nT\n0\nENDSEC\n0\nSECTION\n2\nA\n0\nLINE\n0\nENDSEC\n0\nEOF\n");
+    EXPECT_EQ(drawing.faults.size(), 1U);
+    EXPECT_EQ(drawing.records.at(4).table, "");
+}
+
 TEST(DxfRecords, WhatStandsBeforeAFaultIsRead) {
     EXPECT_EQ(faultsOf(""), Texts{"1: no EOF at the end"});
     EXPECT_EQ(faultsOf("0\nSECTION\n2\nA\n"), Texts{"3: no EOF at the end"});
@@ -98,7 +105,14 @@ TEST(DxfRecords, WhatStandsBeforeAFaultIsRead) {
     for (const char* code : {"1072", "-6", "1.0", "1x", "99999999999", ""})
         EXPECT_EQ(faultsOf(std::string(code) + "\nx\n"),
                   Texts{"1: no group code: \"" + std::string(code) + '"'});
-    EXPECT_EQ(readDrawing("0\nSECTION\n2\nA\n0\nLINE\nx\n0\nEOF\n").records.size(), 2U);
+    const DxfDrawing damaged = readDrawing("0\nSECTION\n2\nA\n0\nLINE\nx\n0\nEOF\n");
+    EXPECT_EQ(damaged.records.size(), 2U);
+    EXPECT_EQ(damaged.wholeRecords().size(), 1U); // who knows what the LINE had
+    EXPECT_FALSE(damaged.isWhole());
+    EXPECT_EQ(readDrawing("").wholeRecords().size(), 0U);
+    const DxfDrawing misplaced = readDrawing("0\nLINE\n0\nEOF\n");
+    EXPECT_EQ(misplaced.wholeRecords().size(), 2U);
+    EXPECT_TRUE(misplaced.isWhole());
 }
 
 TEST(DxfRecords, FaultsStandInTheOrderOfTheirLines) {

@@ -199,6 +199,14 @@ TEST(DrawingCheck, ClassCounts) {
     EXPECT_EQ(findingsOf(uncounted), none); // of a writer that counts nothing
 }
 
+TEST(DrawingCheck, ClassOfNoRecordsMayCountNone) {
+    const std::size_t start = goodPairs.find("0 IMAGEDEF_REACTOR\n5");
+    const std::string reactor(goodPairs.substr(start, goodPairs.find("0 ENDSEC", start) - start));
+    EXPECT_EQ(
+        findingsOf(changed("1 IMAGEDEF_REACTOR\n", "91 1", "91 0", changed("0 IMAGEDEF\n", reactor, ""))),
+        Texts{"broken-ring IMAGE 8A"});
+}
+
 TEST(DrawingCheck, RingOfImageDefinitionAndReactor) {
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "340 8B", "340 8C")), Texts{"broken-ring IMAGE 8A"});
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "340 8B", "340 FF")), Texts{"broken-ring IMAGE 8A"});
@@ -230,6 +238,8 @@ TEST(DrawingCheck, SharedHandle) {
 
 TEST(DrawingCheck, DisplayFlags) {
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "70 7", "70 6")), Texts{"switched-off IMAGE 8A"});
+    const std::string off = textOf(changed("0 IMAGE\n", "70 7", "70 4"));
+    EXPECT_NE(checkRecords(readDrawing(off)).at(0).text.find("set code 70 to 7"), std::string::npos);
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "70 7", "70 7\n60 1")), Texts{"switched-off IMAGE 8A"});
     EXPECT_EQ(findingsOf(changed("0 IMAGE\n", "70 7\n", "")), none);
 }
@@ -237,8 +247,12 @@ TEST(DrawingCheck, DisplayFlags) {
 TEST(DrawingCheck, SeenObliquely) {
     const std::string hidden = changed("0 IMAGE\n", "70 7", "70 5");
     EXPECT_EQ(findingsOf(hidden), none); // lies flat under a view from above
+    EXPECT_EQ(findingsOf(changed("0 VPORT\n", "2 *Active", "2 Other", hidden)), none);
     const Texts found{"hidden-obliquely IMAGE 8A"};
     EXPECT_EQ(findingsOf(changed("0 VPORT\n", "16 0.0", "16 1.0", hidden)), found);
+    EXPECT_EQ(findingsOf(changed("0 VPORT\n", "16 0.0", "16 1.0",
+                                 changed("0 IMAGE\n", "70 5", "70 5\n67 1", hidden))),
+              none); // on paper
     const std::string upright =
         changed("0 IMAGE\n", "32 0.0", "32 0.01", changed("0 IMAGE\n", "22 0.01", "22 0.0", hidden));
     EXPECT_EQ(findingsOf(upright), found);
@@ -249,6 +263,9 @@ TEST(DrawingCheck, Layers) {
     EXPECT_EQ(findingsOf(changed("0 LAYER\n", "70 0", "70 1")), Texts{"hidden-layer LAYER 10"});
     EXPECT_EQ(findingsOf(changed("0 LAYER\n", "62 7", "62 -7")), Texts{"hidden-layer LAYER 10"});
     EXPECT_EQ(findingsOf(changed("0 LAYER\n", "2 Pictures\n70 0", "2 Others\n70 1")), none);
+    const std::string onLayer0 = changed("0 IMAGE\n", "8 PICTURES", "8 0");
+    EXPECT_EQ(findingsOf(changed("0 LAYER\n", "2 Pictures\n70 0", "2 0\n70 1", onLayer0)),
+              Texts{"hidden-layer LAYER 10"});
     EXPECT_EQ(findingsOf(changed("0 LAYER\n", "70 0", "70 2")), none); // in new viewports only
 }
 
@@ -261,6 +278,8 @@ TEST(DrawingCheck, BlocksThatAreNotInserted) {
     EXPECT_EQ(findingsOf(changed("2 ENTITIES", "ENTITIES\n", "ENTITIES\n0 INSERT\n2 SHEET\n", inBlock)),
               none);
     EXPECT_EQ(findingsOf(changed("2 ENTITIES", "ENTITIES\n", "ENTITIES\n0 MULTILEADER\n344 21\n", inBlock)),
+              none);
+    EXPECT_EQ(findingsOf(changed("2 *Model_Space", "2 *Model_Space\n", "2 *Model_Space\n1005 21\n", inBlock)),
               none);
     EXPECT_EQ(findingsOf(changed("0 BLOCK\n", "2 Sheet", "2 *Paper_Space0", inBlock)), none);
     // What lies on layer 0 of a block lies on that of the insertion.
@@ -289,17 +308,16 @@ TEST(DrawingCheck, PixelCountsOfImageAndDefinition) {
 TEST(DrawingCheck, CutDrawingIsBlamedForNothingElse) {
     const Texts cut{"cut-short  "};
     const std::string whole = textOf(std::string(goodPairs));
-    for (std::size_t size = 0; size < whole.size(); ++size) {
+    for (std::size_t size = 0; size < whole.find("0\nEOF") + 5; ++size) {
         Texts found;
         for (const Finding& finding : checkRecords(readDrawing(whole.substr(0, size))))
             found.push_back(shown(finding));
-        if (whole.substr(0, size).ends_with("0\nEOF"))
-            continue;
-        ASSERT_FALSE(found.empty()) << size;
-        EXPECT_EQ(found.back(), cut.front()) << size;
+        EXPECT_EQ(found, cut) << size;
     }
-    EXPECT_EQ(findingsOf(std::string(goodPairs.substr(0, goodPairs.find("0 IMAGEDEF\n5")))), cut);
-    EXPECT_EQ(findingsOf(changed("0 EOF", "0 EOF\n", "")), cut);
+    // What stands in it stays wrong.
+    const std::string flat = changed("0 IMAGE\n", "11 0.01", "11 0");
+    EXPECT_EQ(findingsOf(flat.substr(0, flat.find("0 IMAGEDEF\n5"))),
+              (Texts{"no-extent IMAGE 8A", "cut-short  "}));
 }
 
 TEST(DrawingCheck, DamagedText) {
@@ -309,6 +327,8 @@ TEST(DrawingCheck, DamagedText) {
     EXPECT_EQ(findings[0].kind, FindingKind::Damaged);
     EXPECT_EQ(findings[0].line, 7U);
     EXPECT_EQ(findingsOf(changed("0 ENDSEC", "0 ENDSEC\n", "")), Texts{"damaged  "});
+    EXPECT_EQ(findingsOf(changed("2 OBJECTS", "2 OBJECTS", "x OBJECTS")),
+              Texts{"damaged  "});                                        // not for what follows
     EXPECT_EQ(findingsOf("0 LINE\n0 LINE\n0 EOF\n"), Texts{"damaged  "}); // the first of them is enough
 }
 
@@ -322,6 +342,14 @@ TEST(DrawingCheck, FindingsStandInOrderOfWeightAndSayWhere) {
     const std::vector<Finding> findings = checkRecords(readDrawing(textOf(pairs)));
     EXPECT_EQ(findings[1].line, 115U);
     EXPECT_NE(findings[1].text.find("; write"), std::string::npos);
+}
+
+TEST(DrawingCheck, FindingsOfAKindStandInOrderOfLines) {
+    std::vector<Finding> findings{{FindingKind::NoFile, "B", "", 3, ""},
+                                  {FindingKind::NoFile, "A", "", 2, ""},
+                                  {FindingKind::BrokenRing, "C", "", 4, ""}};
+    sortByWeight(findings);
+    EXPECT_EQ(findings[0].record + findings[1].record + findings[2].record, "CAB");
 }
 
 TEST(DrawingCheck, EveryKindHasItsName) {

@@ -4,7 +4,7 @@
 
 namespace rasterplan_tool {
 
-DxfHandles::DxfHandles(const std::vector<DxfRecord>& records) {
+DxfHandles::DxfHandles(std::span<const DxfRecord> records) {
     m_records.reserve(records.size());
     for (const DxfRecord& record : records) {
         const std::uint64_t handle = handleNumber(record.handle()).value_or(0);

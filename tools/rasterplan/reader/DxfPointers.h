@@ -3,6 +3,7 @@
 #include "reader/DxfRecords.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,7 +15,7 @@ namespace rasterplan_tool {
 /// The records of a drawing by their handles. They must outlive it.
 class DxfHandles {
 public:
-    explicit DxfHandles(const std::vector<DxfRecord>& records);
+    explicit DxfHandles(std::span<const DxfRecord> records);
 
     /// The first record with the handle that this text means; null if there is none, and for 0.
     const DxfRecord* find(std::string_view handle) const;

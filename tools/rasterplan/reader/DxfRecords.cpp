@@ -8,6 +8,12 @@ namespace {
 
 constexpr int commentCode = 999;
 
+bool areOfAWholeText(const std::vector<DxfFault>& faults) {
+    return std::none_of(faults.begin(), faults.end(), [](const DxfFault& fault) {
+        return fault.kind == DxfFaultKind::NoCode || fault.kind == DxfFaultKind::CutShort;
+    });
+}
+
 // Follows the sections and tables from record to record, and tells each where it stands.
 class Places {
 public:
@@ -77,6 +83,14 @@ std::string DxfRecord::handle() const {
     return std::string(trimmed(value(type == "DIMSTYLE" ? 105 : 5)));
 }
 
+bool DxfDrawing::isWhole() const {
+    return areOfAWholeText(faults);
+}
+
+std::span<const DxfRecord> DxfDrawing::wholeRecords() const {
+    return std::span(records).first(records.size() - (isWhole() || records.empty() ? 0 : 1));
+}
+
 std::vector<DxfRecord> readRecords(std::vector<DxfGroup> groups, std::vector<DxfFault>& faults) {
     std::vector<DxfRecord> records;
     const std::size_t lastLine = groups.empty() ? 1 : groups.back().line;
@@ -93,10 +107,7 @@ std::vector<DxfRecord> readRecords(std::vector<DxfGroup> groups, std::vector<Dxf
     Places places(faults);
     for (DxfRecord& record : records)
         places.take(record);
-    const bool isReadToItsEnd = std::none_of(faults.begin(), faults.end(), [](const DxfFault& fault) {
-        return fault.kind == DxfFaultKind::NoCode || fault.kind == DxfFaultKind::CutShort;
-    });
-    if (isReadToItsEnd && (records.empty() || records.back().type != "EOF"))
+    if (areOfAWholeText(faults) && (records.empty() || records.back().type != "EOF"))
         faults.push_back({DxfFaultKind::CutShort, lastLine, "no EOF at the end"});
     return records;
 }

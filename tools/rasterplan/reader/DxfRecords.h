@@ -3,6 +3,7 @@
 #include "reader/DxfGroups.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,13 @@ struct DxfVariable {
 struct DxfDrawing {
     std::vector<DxfRecord> records;
     std::vector<DxfFault> faults; ///< In the order of their lines; empty when all has been read.
+
+    /// Whether the text was read to its EOF.
+    bool isWhole() const;
+
+    /// The records that were read to their own ends: all, but the last one where the text was not read to
+    /// EOF.
+    std::span<const DxfRecord> wholeRecords() const;
 };
 
 /// Splits pairs into records. Adds what is wrong to `faults`: Misplaced, or CutShort at the last pair where

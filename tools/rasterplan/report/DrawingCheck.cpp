@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <map>
 #include <optional>
 #include <set>
+#include <span>
 #include <tuple>
 #include <utility>
 
@@ -88,12 +90,13 @@ bool isSpace(std::string_view block) {
 class Check {
 public:
     explicit Check(const DxfDrawing& drawing)
-        : m_drawing(drawing)
-        , m_handles(drawing.records)
-        , m_images(all("IMAGE"))
-        , m_isWhole(std::none_of(drawing.faults.begin(), drawing.faults.end(), [](const DxfFault& fault) {
-            return fault.kind == DxfFaultKind::CutShort || fault.kind == DxfFaultKind::NoCode;
-        })) {}
+        : m_faults(drawing.faults)
+        , m_records(drawing.wholeRecords())
+        , m_isWhole(drawing.isWhole())
+        , m_lineBehind(m_isWhole || drawing.records.empty() ? std::numeric_limits<std::size_t>::max()
+                                                            : drawing.records.back().line)
+        , m_handles(m_records)
+        , m_images(all("IMAGE")) {}
 
     std::vector<Finding> findings() {
         checkText();
@@ -121,7 +124,7 @@ private:
 
     std::vector<const DxfRecord*> all(std::string_view type) const {
         std::vector<const DxfRecord*> found;
-        for (const DxfRecord& record : m_drawing.records)
+        for (const DxfRecord& record : m_records)
             if (record.type == type)
                 found.push_back(&record);
         return found;
@@ -129,7 +132,7 @@ private:
 
     void checkText() {
         bool isMixedUp = false;
-        for (const DxfFault& fault : m_drawing.faults) {
+        for (const DxfFault& fault : m_faults) {
             if (fault.kind == DxfFaultKind::NoCode) {
                 m_findings.push_back({FindingKind::Damaged,
                                       {},
@@ -145,7 +148,8 @@ private:
                                       fault.text +
                                           ", so the drawing is cut short and programs refuse it; write "
                                           "or copy it anew"});
-            } else if (fault.kind == DxfFaultKind::Misplaced && !std::exchange(isMixedUp, true)) {
+            } else if (fault.kind == DxfFaultKind::Misplaced && fault.line < m_lineBehind &&
+                       !std::exchange(isMixedUp, true)) {
                 m_findings.push_back({FindingKind::Damaged,
                                       {},
                                       {},
@@ -168,15 +172,15 @@ private:
     void checkDictionary() {
         if (!m_isWhole)
             return;
-        const auto root =
-            std::find_if(m_drawing.records.begin(), m_drawing.records.end(),
-                         [](const DxfRecord& r) { return r.section == "OBJECTS" && r.type == "DICTIONARY"; });
-        if (root == m_drawing.records.end()) {
+        const auto root = std::find_if(m_records.begin(), m_records.end(), [](const DxfRecord& r) {
+            return r.section == "OBJECTS" && r.type == "DICTIONARY";
+        });
+        if (root == m_records.end()) {
             m_findings.push_back(
                 {FindingKind::NoImageDictionary,
                  {},
                  {},
-                 m_drawing.records.back().line,
+                 m_records.back().line,
                  "the section OBJECTS is missing or has no root dictionary, which should lead to "
                  "the image dictionary and so to the images' definitions; write the drawing with "
                  "a program that knows images"});
@@ -389,12 +393,11 @@ private:
             return;
         std::map<const DxfRecord*, std::size_t> imagesInBlock;
         const DxfRecord* block = nullptr;
-        for (const DxfRecord& record : m_drawing.records) {
+        for (const DxfRecord& record : m_records)
             if (record.type == "BLOCK" || record.type == "ENDBLK" || record.section != "BLOCKS")
                 block = record.type == "BLOCK" && !isSpace(record.value(2)) ? &record : nullptr;
             else if (record.type == "IMAGE" && block != nullptr)
                 ++imagesInBlock[block];
-        }
         if (imagesInBlock.empty())
             return;
         const std::set<std::string> inserted = insertedBlocks();
@@ -411,7 +414,7 @@ private:
     // the variants of a dynamic block.
     std::set<std::string> insertedBlocks() const {
         std::set<std::string> inserted;
-        for (const DxfRecord& record : m_drawing.records) {
+        for (const DxfRecord& record : m_records) {
             if ((record.section == "ENTITIES" || record.section == "BLOCKS") && record.type != "BLOCK")
                 inserted.insert(lower(record.value(2)));
             for (const DxfGroup& group : record.groups)
@@ -422,10 +425,12 @@ private:
         return inserted;
     }
 
-    const DxfDrawing& m_drawing;
+    const std::vector<DxfFault>& m_faults;
+    std::span<const DxfRecord> m_records;
+    bool m_isWhole;
+    std::size_t m_lineBehind; // the whole records
     DxfHandles m_handles;
     std::vector<const DxfRecord*> m_images;
-    bool m_isWhole;
     std::vector<Finding> m_findings;
 };
 

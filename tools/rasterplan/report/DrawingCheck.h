@@ -42,7 +42,8 @@ struct Finding {
 };
 
 /// All reasons that the records of a drawing hold, without a look at the picture files; in order of weight,
-/// then of lines. Of a drawing that is cut short nothing is said that its missing part might answer. A
+/// then of lines. Of a drawing that is cut short nothing is said of its last record, nor what its
+/// missing part might answer. A
 /// drawing of any writer gets no finding that hides none of its pictures; HiddenObliquely is found at images
 /// that stand upright or that the active view does not see at a right angle.
 std::vector<Finding> checkRecords(const DxfDrawing& drawing);

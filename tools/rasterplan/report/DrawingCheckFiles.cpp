@@ -13,6 +13,7 @@
 #include <cmath>
 #include <optional>
 #include <set>
+#include <span>
 #include <string_view>
 #include <system_error>
 
@@ -145,9 +146,10 @@ std::vector<fs::path> picturePlaces(const std::string& name, const fs::path& fol
 }
 
 std::vector<Finding> checkFiles(const DxfDrawing& drawing, const fs::path& file) {
-    const DxfHandles handles(drawing.records);
+    const std::span<const DxfRecord> records = drawing.wholeRecords();
+    const DxfHandles handles(records);
     std::set<const DxfRecord*> definitions;
-    for (const DxfRecord& record : drawing.records)
+    for (const DxfRecord& record : records)
         if (record.type == "IMAGE")
             if (const DxfRecord* const definition = handles.find(record.value(340), "IMAGEDEF"))
                 definitions.insert(definition);
