@@ -31,6 +31,13 @@ CHECKED = """0 SECTION/2 ENTITIES/0 IMAGE/5 8A/11 1/21 0/12 0/22 1/13 17/23 9/34
 0 IMAGEDEF_REACTOR/5 8C/330 8A/0 ENDSEC/0 EOF
 """.replace("/", "\n").replace(" ", "\n")
 
+WAYS = """{"images": [
+{"path": "grey-17x9.png", "leftBottom": [0, 0, 0], "right": [1, 0, 0], "up": [0, 0, 1], "pixelsPerUnit": 100},
+{"path": "map-17x9.tif", "name": "plan"},
+{"path": "grey-17x9.jpg", "worldFile": "map-17x9.tfw", "elevation": 3}
+]}
+"""
+
 # Results of the library that may stand for a lack of memory: a file cannot be opened without, and the others.
 LIBRARY_RESULTS = {3, 4, 6, 10}
 
@@ -48,10 +55,11 @@ class Case:
         self.report = work / "report"
         self.texts = [work / "out", work / "err"]
         self.drawing = self.folder / "out.dxf"
-        for picture in ("grey-17x9.png", "grey-17x9.jpg"):
+        for picture in ("grey-17x9.png", "grey-17x9.jpg", "map-17x9.tif", "map-17x9.tfw"):
             shutil.copy(options.pictures / picture, self.folder)
         (self.folder / "SITE.json").write_text(SITE)
         (self.folder / "checked.dxf").write_text(CHECKED)
+        (self.folder / "WAYS.json").write_text(WAYS)
         self.drawing.write_bytes(OLD_DRAWING)
         self.names = sorted(os.listdir(self.folder))
         self.status, self.asked, self.left = self.run(0, False)
@@ -117,6 +125,8 @@ def cases(options, work):
     yield tool("plane json", "plane", "@/SITE.json", "--json")
     yield tool("check", "check", "@/checked.dxf")
     yield tool("check json", "check", "@/checked.dxf", "--json")
+    yield tool("3d every way", "3d", "@/WAYS.json", "@/out.dxf")
+    yield tool("corners", "corners", "@/WAYS.json")
     yield tool("help", "--help")
     for form in ("3d", "2d"):
         folder = work / f"library-{form}"
@@ -128,7 +138,7 @@ def main():
     parser.add_argument("--injector", type=Path, required=True, help="the library that lets allocations fail")
     parser.add_argument("--tool", type=Path, required=True, help="rasterplan")
     parser.add_argument("--host", type=Path, required=True, help="library_host")
-    parser.add_argument("--pictures", type=Path, required=True, help="the folder of the two test pictures")
+    parser.add_argument("--pictures", type=Path, required=True, help="the folder of the test pictures")
     parser.add_argument("--step", type=int, default=1, help="only every such allocation (default: every one)")
     options = parser.parse_args()
 

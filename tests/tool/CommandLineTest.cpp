@@ -84,6 +84,10 @@ TEST(CommandLine, CheckDrawing) {
     EXPECT_TRUE(parsed<CheckDrawing>({"check", "d", "--json"}).json);
 }
 
+TEST(CommandLine, ShowCorners) {
+    EXPECT_EQ(utf8FromPath(parsed<ShowCorners>({"corners", "s"}).site), "s");
+}
+
 TEST(CommandLine, PathsMayBeginWithAnything) {
     EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "/x/s", "/y/o"}).site), "/x/s");
     EXPECT_EQ(utf8FromPath(parsedWrite({"3d", "--", "-s", "-o"}).site), "-s");
@@ -117,14 +121,15 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         Arguments arguments;
         const char* words;
     } cases[] = {
-        {{}, "no command is given; the commands are 3d, 2d, plane and check"},
-        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d, plane and check"},
+        {{}, "no command is given; the commands are 3d, 2d, plane, corners and check"},
+        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d, plane, corners and check"},
         {{"3d"}, "SITE.json is required"},
         {{"3d", "s"}, "OUT.dxf is required"},
         {{"3d", "s", "o", "x"}, "x"},
         {{"3d", "s", "o", "--origin", "0,0,0"}, "--origin"},
         {{"plane"}, "SITE.json is required"},
         {{"plane", "s", "o"}, "o"},
+        {{"corners"}, "SITE.json is required"},
         {{"3d", "s", "o", "--paths", "some"}, "--paths: some not in {absolute,relative,as-given}"},
         {{"3d", "s", "o", "--paths"}, "--paths"},
     };

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <sstream>
 #include <string_view>
 
@@ -43,8 +44,12 @@ std::string footer() {
    "images": [{"path": "south.png",
                "leftTop": [x, y, z], "leftBottom": [x, y, z],
                "rightBottom": [x, y, z], "pixelsPerUnit": 200.0}]}
+An image may also be placed by "leftBottom", two directions "right" and "up", and
+"pixelsPerUnit"; or by its world file or GeoTIFF tags, in the ground plane at an
+"elevation" or in a "plane": {"origin": .., "xAxis": .., "yAxis": ..}.
 Paths are relative to SITE.json. "unit" may be left out (then Meters) and may
-stand in an image too. The units:
+stand in an image too, which is converted. Short forms (mm, m, in, ft) count as
+well. The units:
 )" + unitHelp() +
            R"(
 
@@ -213,6 +218,13 @@ CLI::App* addCheckDrawing(CLI::App& app, OptionTexts& texts) {
     return command;
 }
 
+CLI::App* addShowCorners(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command =
+        app.add_subcommand("corners", "Print SITE.json with every image as its three corners");
+    addSite(*command, texts);
+    return command;
+}
+
 Command writeDrawing(const OptionTexts& texts) {
     if (texts.output.empty())
         throw BadInput("the output path is empty; name a file, such as site.dxf");
@@ -240,6 +252,18 @@ Command checkDrawing(const OptionTexts& texts) {
     return CheckDrawing{pathFromUtf8(texts.drawing), texts.json};
 }
 
+Command showCorners(const OptionTexts& texts) {
+    return ShowCorners{pathFromUtf8(texts.site)};
+}
+
+// "3d, 2d and plane"
+std::string namesOf(std::span<const Subcommand> commands) {
+    std::string names = commands.front().app->get_name();
+    for (const Subcommand& row : commands.subspan(1))
+        names += (&row == &commands.back() ? " and " : ", ") + row.app->get_name();
+    return names;
+}
+
 } // namespace
 
 CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
@@ -248,10 +272,11 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     app.allow_windows_style_options(false); // an absolute path may begin with '/'
     app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
 
-    const std::array<Subcommand, 4> commands{{
+    const std::array<Subcommand, 5> commands{{
         {addWrite3d(app, texts), &writeDrawing},
         {addWrite2d(app, texts), &writeDrawingFlattened},
         {addShowPlane(app, texts), &showPlane},
+        {addShowCorners(app, texts), &showCorners},
         {addCheckDrawing(app, texts), &checkDrawing},
     }};
 
@@ -269,7 +294,7 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
         if (app.get_subcommands().empty()) {
             text =
                 (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
-                "; the commands are 3d, 2d, plane and check";
+                "; the commands are " + namesOf(commands);
         }
         throw BadInput(visible(text) + "; \"rasterplan --help\" shows the usage");
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/CheckDrawing.h"
+#include "commands/ShowCorners.h"
 #include "commands/ShowPlane.h"
 #include "commands/WriteDrawing.h"
 
@@ -12,7 +13,7 @@
 namespace rasterplan_tool {
 
 /// What the program is to do.
-using Command = std::variant<WriteDrawing, ShowPlane, CheckDrawing>;
+using Command = std::variant<WriteDrawing, ShowPlane, ShowCorners, CheckDrawing>;
 
 /// Either a command or a text that answers it (help, version).
 struct CommandLineResult {

@@ -58,7 +58,7 @@ std::string siteWithCorners(const std::string& corners) {
 
 TEST_F(ProgramErrors, WrongCommandLine) {
     expectFailure({}, 2, "no command is given");
-    expectFailure({"4d"}, 2, "\"4d\" is no command; the commands are 3d, 2d, plane and check");
+    expectFailure({"4d"}, 2, "\"4d\" is no command; the commands are 3d, 2d, plane, corners and check");
     expectFailure({"3d", at("SITE.json")}, 2, "OUT.dxf is required");
     expectFailure({"3d", at("SITE.json"), at("out.dxf"), "--paths", "x"}, 2, "--paths: x not in");
     expectFailure({"2d", at("SITE.json"), at("out.dxf"), "--origin", "1,2"}, 2, "give all three");
@@ -85,8 +85,8 @@ TEST_F(ProgramErrors, WrongSite) {
                       place + ":3: this is not valid JSON (UTF-8)");
     expectSiteFailure("{\"images\": []}", place + ":1: the site, field \"images\": is an empty list");
     expectSiteFailure("{\"images\": [\n{}]}", place + ":2: image 1 has no field \"path\"");
-    expectSiteFailure("{\"unit\": \"Metres\",\n\"images\": []}",
-                      place + ":1: the site, field \"unit\": is \"Metres\", which is no unit");
+    expectSiteFailure("{\"unit\": \"Metters\",\n\"images\": []}",
+                      place + ":1: the site, field \"unit\": is \"Metters\", which is no unit");
     std::string site = siteText({imageText("a.png")});
     expectSiteFailure(site.replace(site.find("100}"), 3, "\n0"),
                       place + ":3: image 1, field \"pixelsPerUnit\": is 0; write a number greater than 0");
@@ -145,6 +145,9 @@ TEST_F(ProgramErrors, OutputThatWouldReplaceTheInput) {
     EXPECT_EQ(readBytes(m_folder / "a.png"), picture);
     writeFile(m_folder / "SITE.json", siteText({imageText("a.png"), imageText("./missing.png")}));
     expectFailure({"3d", at("SITE.json"), at("missing.png")}, 2, "this is the picture of image 2");
+    writeFile(m_folder / "SITE.json", siteText({R"({"path": "a.png"})"}));
+    writeFile(m_folder / "a.pgw", "1\n0\n0\n-1\n0\n0\n");
+    expectFailure({"3d", at("SITE.json"), at("a.pgw")}, 2, "this is the world file of image 1");
 }
 
 TEST_F(ProgramErrors, ImagesThatLoseTheirShapeFarFromTheOrigin) {
@@ -245,7 +248,7 @@ TEST_F(ProgramWithOwnTemplate, OutputThatWouldReplaceTheTemplate) {
     const std::string text = readBytes(wholeTemplate());
     writeFile(m_template, text);
     const std::string words =
-        "this is the template of all drawings, which this one would replace; name another";
+        "this is the template of all drawings, which the drawing would replace; name another";
     expectFailure({"3d", at("SITE.json"), utf8FromPath(m_template)}, 2, words, m_setting);
     fs::create_hard_link(m_template, m_folder / "other name.dxf");
     expectFailure({"2d", at("SITE.json"), at("other name.dxf")}, 2, words, m_setting);

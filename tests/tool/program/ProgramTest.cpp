@@ -168,6 +168,67 @@ TEST_F(Program, ProposedPlaneGivenByOptionsYieldsTheSameDrawing) {
     EXPECT_EQ(readBytes(m_folder / "given.dxf"), readBytes(m_folder / "proposed.dxf"));
 }
 
+namespace {
+
+// A site with every way of placing an image and with several units.
+class ProgramWithEveryWay : public Program {
+protected:
+    ProgramWithEveryWay() {
+        for (const char* name : {"map-17x9.tif", "map-17x9-tiles.tif", "map-17x9.tfw"})
+            fs::copy_file(testData(name), m_folder / "bilder" / name);
+        writeFile(m_folder / "SITE.json", R"({"$schema": "x", "unit": "m", "_note": "every way", "images": [
+{"path": "bilder/süd.png", "leftTop": [-0.0, 1e-7, 900.5], "leftBottom": [-0.0, 1e-7, 0.5],
+ "rightBottom": [1700, 1e-7, 0.5], "pixelsPerUnit": 0.01, "unit": "mm", "name": "Süd \"1\""},
+{"path": "bilder/b.jpg", "leftBottom": [0.1, 0.2, 0.3], "right": [3, 4, 0], "up": [0, 0, 7], "pixelsPerUnit": 3},
+{"path": "bilder/map-17x9.tif", "elevation": 0.7},
+{"path": "bilder/map-17x9-tiles.tif", "worldFile": "bilder/map-17x9.tfw",
+ "plane": {"origin": [4468215.1, 0, 0], "xAxis": [1, 2, 0], "yAxis": [0, 0, 3]}}]})");
+    }
+};
+
+} // namespace
+
+TEST_F(ProgramWithEveryWay, CornersGiveTheSameDrawing) {
+    ASSERT_EQ(runProgram({"3d", at("SITE.json"), at("ways.dxf")}).status, 0);
+    const ProgramResult corners = runProgram({"corners", at("SITE.json")});
+    EXPECT_EQ(corners.status, 0) << corners.err;
+    writeFile(m_folder / "CORNERS.json", corners.out);
+    const ProgramResult result = runProgram({"3d", at("CORNERS.json"), at("corners.dxf")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(readBytes(m_folder / "corners.dxf"), readBytes(m_folder / "ways.dxf"));
+    EXPECT_EQ(runProgram({"corners", at("CORNERS.json")}).out, corners.out);
+}
+
+TEST_F(ProgramWithEveryWay, CornersAreASite) {
+    const std::string site = runProgram({"corners", at("SITE.json")}).out;
+    EXPECT_EQ(site.find("{\n"
+                        "  \"unit\": \"Meters\",\n"
+                        "  \"images\": [\n"
+                        "    {\n"
+                        "      \"path\": \"bilder/süd.png\",\n"
+                        "      \"name\": \"Süd \\\"1\\\"\",\n"
+                        "      \"leftTop\": [-0.0, 1e-10, 0.9005],\n"),
+              0U)
+        << site;
+    EXPECT_NE(site.find("    {\n"
+                        "      \"path\": \"bilder/map-17x9.tif\",\n"
+                        "      \"leftTop\": [1000, 2000, 0.7],\n"
+                        "      \"leftBottom\": [1000, 1995.5, 0.7],\n"
+                        "      \"rightBottom\": [1008.5, 1995.5, 0.7],\n"
+                        "      \"pixelsPerUnit\": 2\n"
+                        "    },\n"),
+              std::string::npos)
+        << site;
+}
+
+TEST_F(ProgramWithEveryWay, ConversionIsSaidAndNothingElse) {
+    const std::string note = "rasterplan: note: " + at("SITE.json") +
+                             ": converted into the site's unit, Meters: Millimeters (image 1)\n";
+    EXPECT_EQ(runProgram({"3d", at("SITE.json"), at("out.dxf")}).err, note);
+    EXPECT_EQ(runProgram({"corners", at("SITE.json")}).err, note);
+}
+
 #ifndef _WIN32
 TEST_F(Program, NoLocaleChangesTheDrawing) {
     ASSERT_EQ(runProgram({"2d", at("SITE.json"), at("plain.dxf")}).status, 0);

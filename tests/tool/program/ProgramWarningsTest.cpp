@@ -72,7 +72,9 @@ TEST_F(ProgramWarnings, MixedUnits) {
     std::string site = siteText({imageText("a.png"), imageText("b.png", 1.0)});
     site.insert(site.find("\"path\": \"b.png\""), "\"unit\": \"Inches\", ");
     const std::string warning = warnings("3d", site);
-    EXPECT_NE(warning.find("different units: Inches (image 2), Meters (image 1)"), std::string::npos)
+    EXPECT_NE(warning.find("note: " + at("SITE.json") +
+                           ": converted into the site's unit, Meters: Inches (image 2)\n"),
+              std::string::npos)
         << warning;
     EXPECT_EQ(linesOf(warning), 1U);
 }

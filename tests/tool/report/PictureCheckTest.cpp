@@ -1,8 +1,10 @@
 #include "report/PictureCheck.h"
 
 #include "base/PathText.h"
+#include "drawing/PathForm.h"
 #include "site/Site.h"
 #include "tool/TestFiles.h"
+#include "tool/TestPictures.h"
 
 #include <gtest/gtest.h>
 
@@ -20,13 +22,12 @@ protected:
     std::string warnings(const std::string& site) {
         fs::copy_file(testData("grey-17x9.png"), m_folder / "a.png", fs::copy_options::skip_existing);
         fs::copy_file(testData("grey-17x9.jpg"), m_folder / "b.jpg", fs::copy_options::skip_existing);
-        const Manifest manifest = parseManifest(site, m_folder / "SITE.json");
+        const Site read = readSite(writeFile(m_folder / "SITE.json", site), PicturesToRead::All);
         std::ostringstream out;
         std::ostringstream err;
         Console console{out, err};
-        checkManifest(manifest, console);
-        checkPictures(manifest, makeImages(manifest, std::vector<std::wstring>(manifest.images.size())),
-                      console);
+        checkManifest(read.manifest, console);
+        checkPictures(read, makeImages(read, drawingPaths(read.manifest, PathForm::AsGiven, {})), console);
         EXPECT_EQ(out.str(), "");
         return err.str();
     }
@@ -73,13 +74,15 @@ TEST_F(PictureCheck, PictureOfOtherProportionsHasNoFittingPixelCount) {
 
 TEST_F(PictureCheck, MissingAndUnreadablePicturesAreNamed) {
     writeFile(m_folder / "c.png", "no picture");
-    EXPECT_EQ(
-        warnings(siteText({imageText("nö.png"), imageText("c.png")})),
-        place(2, 1, "nö.png") + quoted(m_folder / "nö.png") +
-            ": there is no such file, so its pixel count was not checked; correct the path or the file\n" +
-            place(3, 2, "c.png") + quoted(m_folder / "c.png") +
-            ": the file is neither PNG nor JPEG, so its pixel count was not checked; correct the path or the "
-            "file\n");
+    EXPECT_EQ(warnings(siteText({imageText("nö.png"), imageText("c.png")})),
+              place(2, 1, "nö.png") + quoted(m_folder / "nö.png") +
+                  ": there is no such file, so neither its pixel count nor whether it is whole was checked; "
+                  "correct "
+                  "the path\n" +
+                  place(3, 2, "c.png") + quoted(m_folder / "c.png") +
+                  ": the file is neither PNG, JPEG, TIFF nor BMP, so neither its pixel count nor whether it "
+                  "is whole "
+                  "was checked\n");
 }
 
 TEST_F(PictureCheck, SameFileNameIsNamedWhateverFolderAndCase) {
@@ -91,14 +94,57 @@ TEST_F(PictureCheck, SameFileNameIsNamedWhateverFolderAndCase) {
                   "name; rename one of the files\n");
 }
 
-TEST_F(PictureCheck, DifferentUnitsAreNamed) {
-    std::string site = siteText({imageText("a.png"), imageText("b.jpg")});
-    site.insert(site.find("\"path\": \"b.jpg\""), "\"unit\": \"Feet\", ");
-    EXPECT_EQ(
-        warnings(site),
-        "rasterplan: warning: " + utf8FromPath(m_folder / "SITE.json") +
-            ": the images have different units: Feet (image 2), Meters (image 1); a drawing has one unit, "
-            "that of the last image (Feet), and no coordinate is converted; give all images the same unit\n");
+TEST_F(PictureCheck, EveryFormatIsChecked) {
+    writeFile(m_folder / "c.tif", tiffBytes({}, 17, 9));
+    writeFile(m_folder / "d.bmp", bmpBytes(17, 9));
+    EXPECT_EQ(warnings(siteText({imageText("c.tif"), imageText("d.bmp")})), "");
+    writeFile(m_folder / "c.tif", tiffBytes({}, 18, 9));
+    writeFile(m_folder / "d.bmp", bmpBytes(17, 10));
+    const std::string text = warnings(siteText({imageText("c.tif"), imageText("d.bmp")}));
+    EXPECT_NE(text.find("the picture has 18 x 9 pixels"), std::string::npos) << text;
+    EXPECT_NE(text.find("the picture has 17 x 10 pixels"), std::string::npos) << text;
+}
+
+TEST_F(PictureCheck, EndingOfAnotherFormatIsNamed) {
+    fs::copy_file(testData("grey-17x9.jpg"), m_folder / "c.PNG");
+    EXPECT_EQ(warnings(siteText({imageText("c.PNG")})),
+              place(2, 1, "c.PNG") +
+                  "the picture is a JPEG, but its name ends in .png, by which CAD programs "
+                  "choose how to read it; rename the file\n");
+    fs::rename(m_folder / "c.PNG", m_folder / "c.picture");
+    EXPECT_EQ(warnings(siteText({imageText("c.picture")})), "");
+}
+
+TEST_F(PictureCheck, PictureThatIsCutShortIsNamed) {
+    std::string png = readBytes(testData("grey-17x9.png"));
+    png.pop_back();
+    writeFile(m_folder / "c.png", png);
+    EXPECT_EQ(warnings(siteText({imageText("c.png")})),
+              place(2, 1, "c.png") + "the file ends before the picture does; copy or save it anew\n");
+}
+
+TEST_F(PictureCheck, PathTooLongForADrawingIsNamed) {
+    std::string path = "a.png";
+    while (path.size() + 2 <= 2049)
+        path.insert(0, "./");
+    EXPECT_EQ(path.size(), 2049U);
+    EXPECT_EQ(warnings(siteText({imageText(path)})), "");
+    path.insert(0, "./");
+    EXPECT_NE(
+        warnings(siteText({imageText(path)}))
+            .find("the path in the drawing has 2051 characters, but a text of a DXF drawing at most 2049"),
+        std::string::npos);
+}
+
+TEST_F(PictureCheck, ConvertedImagesAreNoted) {
+    std::string site = siteText({imageText("a.png"), imageText("b.jpg"), imageText("x/b.jpg")});
+    EXPECT_EQ(warnings(siteText({imageText("a.png")})).find("converted"), std::string::npos);
+    for (const char* path : {"\"path\": \"b.jpg\"", "\"path\": \"x/b.jpg\""})
+        site.insert(site.find(path), "\"unit\": \"Feet\", ");
+    EXPECT_NE(warnings(site).find("rasterplan: note: " + utf8FromPath(m_folder / "SITE.json") +
+                                  ": converted into the site's unit, Meters: Feet (image 2 and 1 more)\n"),
+              std::string::npos)
+        << warnings(site);
 }
 
 } // namespace rasterplan_tool

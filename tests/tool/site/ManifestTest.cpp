@@ -49,13 +49,114 @@ TEST(Manifest, HoldsWhatTheTextSays) {
     const ManifestImage& first = manifest.images[0];
     EXPECT_EQ(first.line, 3U);
     EXPECT_EQ(first.path, "süd\\a.png");
-    EXPECT_EQ(first.leftTop.z, 3.5);
-    EXPECT_EQ(first.leftBottom.z, -3.0);
-    EXPECT_EQ(first.rightBottom.x, 1000.0);
-    EXPECT_EQ(first.pixelsPerUnit, 0.25);
+    const CornerPlace& place = std::get<CornerPlace>(first.place);
+    EXPECT_EQ(place.leftTop.z, 3.5);
+    EXPECT_EQ(place.leftBottom.z, -3.0);
+    EXPECT_EQ(place.rightBottom.x, 1000.0);
+    EXPECT_EQ(place.pixelsPerUnit, 0.25);
     EXPECT_EQ(first.unit, Millimeters);
+    EXPECT_EQ(manifest.unit, Millimeters);
     EXPECT_EQ(manifest.images[1].unit, Feet);
     EXPECT_EQ(manifest.where(1), "SITE.json:4: image 2 (\"b.png\")");
+}
+
+TEST(Manifest, NameIsWhatMessagesCallAnImage) {
+    std::string text = siteWith("name", "\"Süd\\n\"");
+    EXPECT_EQ(parseManifest(text, "SITE.json").images[0].name, "Süd\n");
+    EXPECT_EQ(parseManifest(text, "SITE.json").where(0), "SITE.json:1: image 1 (\"Süd\\n\")");
+    EXPECT_NE(failureOf(siteWith("name", "\"\"")).find("field \"name\": is empty"), std::string::npos);
+    EXPECT_NE(failureOf(siteWith("name", "7")).find("field \"name\": is a number"), std::string::npos);
+}
+
+TEST(Manifest, SchemaAndFieldsOfTheUsersOwnArePassedOver) {
+    const std::string image = std::string(goodImage).insert(1, R"("_note": 1, "_note": {}, )");
+    EXPECT_EQ(
+        parseManifest(R"({"$schema": 7, "_": null, "images": [)" + image + "]}", "SITE.json").images.size(),
+        1U);
+    EXPECT_NE(failureOf(siteWith("$schema", "\"x\"")).find("has the unknown field \"$schema\""),
+              std::string::npos);
+}
+
+TEST(Manifest, DirectionsOfAnImage) {
+    const Manifest manifest = parseManifest(R"({"images": [{"path": "a.png", "leftBottom": [1,2,3],
+"right": [0,5,0], "up": [0,0,0.5], "pixelsPerUnit": 200}]})",
+                                            "SITE.json");
+    const DirectionPlace& place = std::get<DirectionPlace>(manifest.images[0].place);
+    EXPECT_EQ(place.leftBottom.y, 2.0);
+    EXPECT_EQ(place.right.y, 5.0);
+    EXPECT_EQ(place.up.z, 0.5);
+    EXPECT_EQ(place.pixelsPerUnit, 200.0);
+}
+
+TEST(Manifest, ImagesOnAMap) {
+    const Manifest manifest = parseManifest(R"({"images": [{"path": "a.tif"},
+{"path": "a.tif", "elevation": 510.5}, {"path": "a.tif", "worldFile": "b.tfw"},
+{"path": "a.tif", "plane": {"origin": [1,2,3], "xAxis": [0,2,0], "yAxis": [0,0,3], "_x": 0}}]})",
+                                            "SITE.json");
+    const auto place = [&](std::size_t i) { return std::get<MapPlace>(manifest.images[i].place); };
+    EXPECT_EQ(place(0).worldFile, "");
+    EXPECT_EQ(place(0).origin.z, 0.0);
+    EXPECT_EQ(place(0).xAxis.x, 1.0);
+    EXPECT_EQ(place(0).yAxis.y, 1.0);
+    EXPECT_EQ(place(1).origin.z, 510.5);
+    EXPECT_EQ(place(2).worldFile, "b.tfw");
+    EXPECT_EQ(place(3).origin.z, 3.0);
+    EXPECT_EQ(place(3).xAxis.y, 2.0);
+    EXPECT_EQ(place(3).yAxis.z, 3.0);
+}
+
+TEST(Manifest, MixedAndIncompleteWaysOfPlacingAreErrors) {
+    const struct {
+        const char* fields;
+        const char* complaint;
+    } cases[] = {
+        {R"("leftTop": [0,0,1], "up": [0,0,1])", "has the fields \"leftTop\" and \"up\", which place it in"},
+        {R"("rightBottom": [0,0,1], "plane": {})", "has the fields \"rightBottom\" and \"plane\""},
+        {R"("right": [0,0,1], "worldFile": "a.wld")", "has the fields \"right\" and \"worldFile\""},
+        {R"("leftBottom": [0,0,1], "elevation": 2)", "has the fields \"leftBottom\" and \"elevation\""},
+        {R"("pixelsPerUnit": 1, "worldFile": "a.wld")", "has the fields \"pixelsPerUnit\" and \"worldFile\""},
+        {R"("pixelsPerUnit": 1)", "has no field \"leftTop\"; add it"},
+        {R"("leftBottom": [0,0,0])", "has no field \"leftTop\"; add it"},
+        {R"("right": [1,0,0])", "has no field \"leftBottom\"; add it"},
+        {R"("up": [1,0,0], "leftBottom": [0,0,0])", "has no field \"right\"; add it"},
+        {R"("right": [1,0,0], "up": [0,1,0], "leftBottom": [0,0,0])",
+         "has no field \"pixelsPerUnit\"; add it"},
+        {R"("right": [0,0,0], "up": [0,1,0], "leftBottom": [0,0,0])",
+         "field \"right\": is zero; write a direction"},
+        {R"("worldFile": "")", "field \"worldFile\": is empty"},
+        {R"("worldFile": "a\u0001b")", "field \"worldFile\": holds a control character"},
+        {R"("elevation": "2")", "field \"elevation\": holds a text; write a number"},
+        {R"("elevation": 2e18)", "field \"elevation\": holds 2e+18; coordinates reach"},
+        {R"("plane": 1)", "plane is a number; write an object"},
+        {R"("plane": {})", "plane has no field \"origin\"; add it"},
+        {R"("plane": {"orign": 1})",
+         "has the unknown field \"orign\" (did you mean \"origin\"?); the fields are"},
+        {R"("plane": {"origin": [0,0,0], "xAxis": [1,0,0], "yAxis": [0,0,0]})",
+         "plane, field \"yAxis\": is zero"},
+        {R"("elevation": 1, "plane": {"origin": [0,0,0], "xAxis": [1,0,0], "yAxis": [0,1,0]})",
+         "field \"elevation\": is the height of the ground plane, but another plane is given"},
+    };
+    for (const auto& wrong : cases) {
+        const std::string failure =
+            failureOf("{\"images\": [{\"path\": \"a.png\", " + std::string(wrong.fields) + "}]}");
+        EXPECT_EQ(failure.find("SITE.json:1: image 1"), 0U) << failure;
+        EXPECT_NE(failure.find(wrong.complaint), std::string::npos) << failure;
+        EXPECT_NE(failure.find(';'), std::string::npos) << "says nothing to do: " << failure;
+    }
+}
+
+TEST(Manifest, SiteWithoutAUnitHasThatOfAllItsImages) {
+    const auto unitOf = [](const std::string& first, const std::string& second) {
+        const std::string image = R"({"path": "a.tif")";
+        return parseManifest("{\"images\": [" + image + first + "}, " + image + second + "}]}", "SITE.json")
+            .unit;
+    };
+    EXPECT_EQ(unitOf(R"(, "unit": "ft")", R"(, "unit": "Feet")"), Feet);
+    EXPECT_EQ(unitOf(R"(, "unit": "ft")", R"(, "unit": "mm")"), Meters);
+    EXPECT_EQ(unitOf(R"(, "unit": "ft")", ""), Meters);
+    EXPECT_EQ(
+        parseManifest(R"({"unit": "mm", "images": [{"path": "a.tif", "unit": "ft"}]})", "SITE.json").unit,
+        Millimeters);
 }
 
 TEST(Manifest, UnitIsMetersWithoutASayOtherwise) {
@@ -75,8 +176,10 @@ TEST(Manifest, ErrorsOfTheWholeTextNameFileAndLine) {
     EXPECT_EQ(
         failureOf("{\"images\": []}"),
         "SITE.json:1: the site, field \"images\": is an empty list; a drawing needs at least one image");
-    EXPECT_EQ(failureOf("{\"units\": \"Feet\", \"images\": []}"),
-              "SITE.json:1: the site has the unknown field \"units\"; the fields are unit, images");
+    EXPECT_EQ(
+        failureOf("{\"units\": \"Feet\", \"images\": []}"),
+        "SITE.json:1: the site has the unknown field \"units\" (did you mean \"unit\"?); the fields are "
+        "$schema, unit, images");
     EXPECT_EQ(failureOf("{\"images\": [],\n\"images\": []}"),
               "SITE.json:2: the site has the field \"images\" twice; leave one of them out");
     EXPECT_EQ(failureOf("{\"images\": [7]}"), "SITE.json:1: image 1 is a number; write an object: {...}");
@@ -118,7 +221,8 @@ TEST(Manifest, WrongValuesAreNamedWithTheirLine) {
         {"pixelsPerUnit", "1e19", "is 1e+19; write a number greater than 0 and at most 1e+18"},
         {"pixelsPerUnit", "true", "is true or false; write a number"},
         {"unit", "6", "is a number; write a text: \"Meters\""},
-        {"unit", "\"meters\"", "is \"meters\", which is no unit; the units are Unitless, Inches,"},
+        {"unit", "\"metters\"",
+         "is \"metters\", which is no unit (did you mean \"Meters\"?); the units are Unitless, Inches,"},
     };
     for (const auto& wrong : cases) {
         const std::string place = "SITE.json:7: image 1, field \"" + std::string(wrong.field) + "\": ";
@@ -135,9 +239,11 @@ TEST(Manifest, NumbersBeyondDoubleAreAnError) {
 }
 
 TEST(Manifest, UnknownAndRepeatedFieldsOfAnImageAreAnError) {
-    EXPECT_EQ(failureOf(siteWith("pixelPerUnit", "200")),
-              "SITE.json:8: image 1 has the unknown field \"pixelPerUnit\"; the fields are path, leftTop, "
-              "leftBottom, rightBottom, pixelsPerUnit, unit");
+    EXPECT_EQ(
+        failureOf(siteWith("pixelPerUnit", "200")),
+        "SITE.json:8: image 1 has the unknown field \"pixelPerUnit\" (did you mean \"pixelsPerUnit\"?); the "
+        "fields are path, name, leftTop, leftBottom, rightBottom, right, up, pixelsPerUnit, worldFile, "
+        "plane, elevation, unit");
     std::string text = siteWith("unit", "\"Feet\"");
     text.replace(text.find("\n}]}"), 1, ",\n\"path\": \"b.png\"\n");
     EXPECT_EQ(failureOf(text), "SITE.json:8: image 1 has the field \"path\" twice; leave one of them out");

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+#include <utility>
+
 namespace rasterplan_tool {
 
 TEST(UnitNames, EveryCodeHasANameThatLeadsBack) {
@@ -13,9 +17,42 @@ TEST(UnitNames, EveryCodeHasANameThatLeadsBack) {
     EXPECT_EQ(unitName(USSurveyFeet), "USSurveyFeet");
 }
 
+TEST(UnitNames, ShortFormsAndEveryCaseAreUnits) {
+    for (const auto& [text, unit] : {std::pair{"m", Meters},
+                                     {"MM", Millimeters},
+                                     {"Cm", Centimeters},
+                                     {"ft", Feet},
+                                     {"in", Inches},
+                                     {"METERS", Meters},
+                                     {"metre", Meters},
+                                     {"foot", Feet},
+                                     {"inch", Inches},
+                                     {"none", Unitless},
+                                     {"US Survey Feet", USSurveyFeet},
+                                     {"us-ft", USSurveyFeet},
+                                     {"light years", LightYears}})
+        EXPECT_EQ(unitFromName(text), unit) << text;
+}
+
+TEST(UnitNames, EverySpellingIsAUnitOfItsOwn) {
+    for (int code = Unitless; code <= USSurveyFeet; ++code) {
+        const auto unit = static_cast<DrawingUnit>(code);
+        std::istringstream spellings{std::string(unitSpellings(unit))};
+        for (std::string spelling; spellings >> spelling;)
+            EXPECT_EQ(unitFromName(spelling), unit) << spelling;
+    }
+}
+
 TEST(UnitNames, NoOtherTextIsAUnit) {
-    for (const char* text : {"", "meters", "METERS", "Meter", "m", "Meters ", "6"})
+    for (const char* text : {"", " ", "-", "Metres per second", "x", "6", "m\n", "m mm"})
         EXPECT_EQ(unitFromName(text), std::nullopt) << text;
+}
+
+TEST(UnitNames, MisspeltUnitsAreGuessed) {
+    EXPECT_EQ(unitSuggestion("Metters"), " (did you mean \"Meters\"?)");
+    EXPECT_EQ(unitSuggestion("milimeter"), " (did you mean \"Millimeters\"?)");
+    EXPECT_EQ(unitSuggestion("furlong"), "");
+    EXPECT_EQ(unitSuggestion(""), "");
 }
 
 TEST(UnitNames, ListHoldsAllInOrder) {

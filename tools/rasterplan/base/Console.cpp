@@ -28,6 +28,10 @@ void Console::warning(std::string_view text) {
     printLines(err, "warning", text);
 }
 
+void Console::note(std::string_view text) {
+    printLines(err, "note", text);
+}
+
 void Console::flush() {
     if (!out.flush()) {
         throw ExportFailed(

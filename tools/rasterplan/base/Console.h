@@ -17,6 +17,9 @@ struct Console {
     /// Prints "rasterplan: warning: " and the text, as `error` does.
     void warning(std::string_view text);
 
+    /// Prints "rasterplan: note: " and the text, as `error` does: what is right, but worth knowing.
+    void note(std::string_view text);
+
     /// Sends the results on their way. Throws ExportFailed where they cannot be printed.
     void flush();
 };

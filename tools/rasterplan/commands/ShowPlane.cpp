@@ -3,7 +3,6 @@
 #include "drawing/PathForm.h"
 #include "report/PictureCheck.h"
 #include "report/PlaneReport.h"
-#include "site/Manifest.h"
 #include "site/Site.h"
 
 #include <sstream>
@@ -11,14 +10,14 @@
 namespace rasterplan_tool {
 
 void execute(const ShowPlane& command, Console& console, const MemoryWatch& memory) {
-    const Manifest manifest = readManifest(command.site);
+    const Site site = readSite(command.site, PicturesToRead::Needed);
     const std::vector<ImageParam> images =
-        makeImages(manifest, drawingPaths(manifest, PathForm::AsGiven, {}));
+        makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {}));
     RasterPlanWriter drawing;
-    addImages(drawing, manifest, images);
-    checkManifest(manifest, console);
+    addImages(drawing, site.manifest, images);
+    checkManifest(site.manifest, console);
     std::ostringstream report; // all of it or nothing
-    (command.json ? printPlaneAsJson : printPlane)(report, manifest, proposePlane(drawing), images);
+    (command.json ? printPlaneAsJson : printPlane)(report, site.manifest, proposePlane(drawing), images);
     memory.require();
     console.out << report.view();
     console.flush();

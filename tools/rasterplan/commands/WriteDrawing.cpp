@@ -36,22 +36,22 @@ bool isSamePlace(const fs::path& a, const fs::path& b) {
     return fs::equivalent(a, b, ignored) || withoutLinks(a) == withoutLinks(b);
 }
 
-void refuseToReplaceInput(const fs::path& destination, const Manifest& manifest) {
-    if (isSamePlace(destination, manifest.file)) {
-        throw BadInput(
-            quoted(destination) +
-            ": this is SITE.json itself, which the drawing would replace; name another output file");
-    }
-    if (isTemplate(destination)) {
-        throw BadInput(
-            quoted(destination) +
-            ": this is the template of all drawings, which this one would replace; name another output file");
-    }
-    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
-        if (isSamePlace(destination, manifest.pictureFile(i))) {
-            throw BadInput(quoted(destination) + ": this is the picture of image " + std::to_string(i + 1) +
-                           ", which the drawing would replace; name another output file");
-        }
+[[noreturn]] void refuseToReplace(const fs::path& destination, const std::string& input) {
+    throw BadInput(quoted(destination) + ": this is " + input +
+                   ", which the drawing would replace; name another output file");
+}
+
+void refuseToReplaceInput(const fs::path& destination, const Site& site) {
+    if (isSamePlace(destination, site.manifest.file))
+        refuseToReplace(destination, "SITE.json itself");
+    if (isTemplate(destination))
+        refuseToReplace(destination, "the template of all drawings");
+    for (std::size_t i = 0; i < site.files.size(); ++i) {
+        const std::optional<WorldFile>& worldFile = site.files[i].worldFile;
+        if (isSamePlace(destination, site.manifest.pictureFile(i)))
+            refuseToReplace(destination, "the picture of image " + std::to_string(i + 1));
+        if (worldFile && isSamePlace(destination, worldFile->path))
+            refuseToReplace(destination, "the world file of image " + std::to_string(i + 1));
     }
 }
 
@@ -95,16 +95,17 @@ bool isFarOff(const Plane& plane, const std::vector<ImageParam>& images) {
 } // namespace
 
 void execute(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
-    const Manifest manifest = readManifest(command.site);
+    const Site site = readSite(command.site, PicturesToRead::All);
+    const Manifest& manifest = site.manifest;
     PendingDrawing pending(command.output);
-    refuseToReplaceInput(pending.destination(), manifest);
+    refuseToReplaceInput(pending.destination(), site);
 
     const std::vector<ImageParam> images =
-        makeImages(manifest, drawingPaths(manifest, command.pathForm, pending.destination().parent_path()));
+        makeImages(site, drawingPaths(manifest, command.pathForm, pending.destination().parent_path()));
     RasterPlanWriter drawing(wideFromPath(pending.temporary()).c_str());
     addImages(drawing, manifest, images);
     checkManifest(manifest, console);
-    checkPictures(manifest, images, console);
+    checkPictures(site, images, console);
 
     std::optional<Plane> plane;
     if (command.flattened) {

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "picture/PictureHeader.h"
+#include "picture/Picture.h"
+
+#include <cstdio>
 
 namespace rasterplan_tool {
 
-/// The picture formats that are decoded.
-enum class PictureFormat { Png, Jpeg };
-
-/// Reads the header of a file that begins with the format's signature. Each system has its own decoder.
-/// Throws PictureError when the file cannot be opened or its header is damaged.
-PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat format);
+/// The size of a PNG or JPEG picture, from the header of an open file that begins with the format's
+/// signature. Each system has its own decoder. Throws PictureError when the header is damaged.
+PixelSize decodePixelSize(std::FILE* file, PictureFormat format);
 
 } // namespace rasterplan_tool

@@ -1,12 +1,12 @@
 // The decoder of systems that bring libpng and libjpeg.
 
-#include "base/Resources.h"
 #include "picture/PictureDecoder.h"
+
+#include "base/Resources.h"
 
 #include <cerrno>
 #include <csetjmp>
 #include <cstdio>
-#include <memory>
 #include <string>
 
 #include <jpeglib.h>
@@ -14,10 +14,6 @@
 
 namespace rasterplan_tool {
 namespace {
-
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
 
 PixelSize decodePng(std::FILE* file) {
     png_image image{};
@@ -29,7 +25,7 @@ PixelSize decodePng(std::FILE* file) {
     png_image_free(&image);
     if (!readable) {
         throwIfExhausted(systemError);
-        throw PictureError("the PNG header is damaged (" + message + ')');
+        throw damagedHeader(PictureFormat::Png, message);
     }
     return size;
 }
@@ -70,21 +66,17 @@ PixelSize decodeJpeg(std::FILE* file) {
     jpeg_destroy_decompress(&codec);
     if (!readable) {
         throwIfExhausted(systemError);
-        throw PictureError(std::string("the JPEG header is damaged (") + errors.message + ')');
+        throw damagedHeader(PictureFormat::Jpeg, errors.message);
     }
     return size;
 }
 
 } // namespace
 
-PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat format) {
+PixelSize decodePixelSize(std::FILE* file, PictureFormat format) {
+    std::rewind(file);
     errno = 0;
-    const std::unique_ptr<std::FILE, CloseFile> stream(std::fopen(file.c_str(), "rb"));
-    if (!stream) {
-        throwIfExhausted(errno);
-        throw PictureError("the file cannot be opened");
-    }
-    return format == PictureFormat::Png ? decodePng(stream.get()) : decodeJpeg(stream.get());
+    return format == PictureFormat::Png ? decodePng(file) : decodeJpeg(file);
 }
 
 } // namespace rasterplan_tool

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include <io.h>
 #include <objbase.h>
 #include <wincodec.h>
 
@@ -41,13 +42,16 @@ ComPointer<IWICImagingFactory> createFactory() {
 
 } // namespace
 
-PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat format) {
+PixelSize decodePixelSize(std::FILE* file, PictureFormat format) {
     const ComApartment apartment;
     const ComPointer<IWICImagingFactory> factory = createFactory();
 
+    const int descriptor = _fileno(file);
+    _lseeki64(descriptor, 0, SEEK_SET);
     IWICBitmapDecoder* createdDecoder = nullptr;
-    HRESULT result = factory->CreateDecoderFromFilename(file.c_str(), nullptr, GENERIC_READ,
-                                                        WICDecodeMetadataCacheOnDemand, &createdDecoder);
+    HRESULT result =
+        factory->CreateDecoderFromFileHandle(static_cast<ULONG_PTR>(_get_osfhandle(descriptor)), nullptr,
+                                             WICDecodeMetadataCacheOnDemand, &createdDecoder);
     const ComPointer<IWICBitmapDecoder> decoder(createdDecoder);
 
     IWICBitmapFrameDecode* createdFrame = nullptr;
@@ -59,10 +63,8 @@ PixelSize decodePixelSize(const std::filesystem::path& file, PictureFormat forma
     UINT height = 0;
     if (SUCCEEDED(result))
         result = frame->GetSize(&width, &height);
-    if (FAILED(result)) {
-        throw PictureError(format == PictureFormat::Png ? "the PNG header is damaged"
-                                                        : "the JPEG header is damaged");
-    }
+    if (FAILED(result))
+        throw damagedHeader(format);
     return {width, height};
 }
 

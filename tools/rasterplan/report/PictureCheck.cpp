@@ -1,15 +1,16 @@
 #include "report/PictureCheck.h"
 
+#include "base/LetterCase.h"
 #include "base/NumberText.h"
 #include "base/PathText.h"
-#include "picture/PictureHeader.h"
 #include "site/UnitNames.h"
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace rasterplan_tool {
 namespace {
@@ -40,35 +41,100 @@ void checkSize(const std::string& where, const ImageParam& image, PixelSize size
                     hint);
 }
 
+// CAD programs choose the reader of a picture by the ending of its name.
+struct Ending {
+    std::string_view text;
+    PictureFormat format;
+};
+
+constexpr std::array<Ending, 7> endings{{
+    {".png", PictureFormat::Png},
+    {".jpg", PictureFormat::Jpeg},
+    {".jpeg", PictureFormat::Jpeg},
+    {".tif", PictureFormat::Tiff},
+    {".tiff", PictureFormat::Tiff},
+    {".bmp", PictureFormat::Bmp},
+    {".dib", PictureFormat::Bmp},
+}};
+
+void checkEnding(const std::string& where, std::string_view path, PictureFormat format, Console& console) {
+    const std::string small = inSmallLetters(path);
+    for (const Ending& ending : endings) {
+        if (small.ends_with(ending.text) && ending.format != format) {
+            console.warning(where + ": the picture is a " + std::string(formatName(format)) +
+                            ", but its name ends in " + std::string(ending.text) +
+                            ", by which CAD programs choose how to read it; rename the file");
+        }
+    }
+}
+
+void checkPicture(const std::string& where, const std::string& path, const ImageParam& image,
+                  const Picture& picture, Console& console) {
+    checkSize(where, image, picture.size, console);
+    checkEnding(where, path, picture.format, console);
+    if (picture.isCutShort)
+        console.warning(where + ": the file ends before the picture does; copy or save it anew");
+}
+
+void checkPathLength(const std::string& where, const ImageParam& image, Console& console) {
+    constexpr std::size_t longestText = 2049;
+    const std::size_t length = std::wstring_view(image.getImagePath()).size();
+    if (length > longestText) {
+        console.warning(where + ": the path in the drawing has " + std::to_string(length) +
+                        " characters, but a text of a DXF drawing at most " + std::to_string(longestText) +
+                        ", so CAD programs may not find the picture; move it to a shorter path");
+    }
+}
+
 // The name under which the drawing lists a picture. CAD programs take such names without regard to case.
 std::string listedName(std::string_view path) {
-    std::string name(path.substr(path.find_last_of("/\\") + 1));
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return name;
+    return inSmallLetters(path.substr(path.find_last_of("/\\") + 1));
+}
+
+// The images of one unit other than the site's.
+struct Converted {
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
+void noteConversion(const Manifest& manifest, Console& console) {
+    std::map<DrawingUnit, Converted> converted;
+    for (std::size_t i = 0; i < manifest.images.size(); ++i)
+        if (const DrawingUnit unit = manifest.images[i].unit; unit != manifest.unit)
+            ++converted.try_emplace(unit, Converted{i, 0}).first->second.count;
+    if (converted.empty())
+        return;
+    std::string units;
+    for (const auto& [unit, images] : converted) {
+        units += units.empty() ? "" : ", ";
+        units += std::string(unitName(unit)) + " (image " + std::to_string(images.first + 1) +
+                 (images.count > 1 ? " and " + std::to_string(images.count - 1) + " more)" : ")");
+    }
+    console.note(shownText(manifest.file) + ": converted into the site's unit, " +
+                 std::string(unitName(manifest.unit)) + ": " + units);
 }
 
 } // namespace
 
-void checkPictures(const Manifest& manifest, const std::vector<ImageParam>& images, Console& console) {
+void checkPictures(const Site& site, const std::vector<ImageParam>& images, Console& console) {
     for (std::size_t i = 0; i < images.size(); ++i) {
-        const std::filesystem::path file = manifest.pictureFile(i);
-        try {
-            checkSize(manifest.where(i), images[i], readPixelSize(file), console);
-        } catch (const PictureError& error) {
-            console.warning(manifest.where(i) + ": " + quoted(file) + ": " + error.what() +
-                            ", so its pixel count was not checked; correct the path or the file");
+        const std::string where = site.manifest.where(i);
+        checkPathLength(where, images[i], console);
+        if (const auto* const picture = std::get_if<Picture>(&site.files[i].picture)) {
+            checkPicture(where, site.manifest.images[i].path, images[i], *picture, console);
+        } else if (const auto* const error = std::get_if<PictureError>(&site.files[i].picture)) {
+            const std::string advice = error->advice();
+            console.warning(where + ": " + quoted(site.manifest.pictureFile(i)) + ": " + error->what() +
+                            ", so neither its pixel count nor whether it is whole was checked" +
+                            (advice.empty() ? "" : "; " + advice));
         }
     }
 }
 
 void checkManifest(const Manifest& manifest, Console& console) {
     std::map<std::string, std::size_t> firstByName;
-    std::map<DrawingUnit, std::size_t> firstByUnit;
     for (std::size_t i = 0; i < manifest.images.size(); ++i) {
-        const ManifestImage& image = manifest.images[i];
-        firstByUnit.try_emplace(image.unit, i);
-        const auto [found, isNew] = firstByName.try_emplace(listedName(image.path), i);
+        const auto [found, isNew] = firstByName.try_emplace(listedName(manifest.images[i].path), i);
         if (!isNew) {
             console.warning(
                 manifest.where(i) + ": image " + std::to_string(found->second + 1) +
@@ -76,17 +142,7 @@ void checkManifest(const Manifest& manifest, Console& console) {
                 "one of the files");
         }
     }
-    if (firstByUnit.size() > 1) {
-        std::string units;
-        for (const auto& [unit, index] : firstByUnit) {
-            units += units.empty() ? "" : ", ";
-            units += std::string(unitName(unit)) + " (image " + std::to_string(index + 1) + ')';
-        }
-        console.warning(shownText(manifest.file) + ": the images have different units: " + units +
-                        "; a drawing has one unit, that of the last image (" +
-                        std::string(unitName(manifest.images.back().unit)) +
-                        "), and no coordinate is converted; give all images the same unit");
-    }
+    noteConversion(manifest, console);
 }
 
 } // namespace rasterplan_tool

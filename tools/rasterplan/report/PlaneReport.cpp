@@ -62,7 +62,7 @@ void append(std::string& text, const std::string& more) {
 
 void printPlane(std::ostream& out, const Manifest& manifest, const Plane& plane,
                 const std::vector<ImageParam>& images) {
-    out << "Reference plane (" << unitName(manifest.images.back().unit) << "):\n\n";
+    out << "Reference plane (" << unitName(manifest.unit) << "):\n\n";
     printTable(out, {Align::Left, Align::Right, Align::Right, Align::Right},
                {{"", "x", "y", "z"},
                 tripleRow("origin", plane.origin, 6),
@@ -85,9 +85,9 @@ void printPlane(std::ostream& out, const Manifest& manifest, const Plane& plane,
 
 void printPlaneAsJson(std::ostream& out, const Manifest& manifest, const Plane& plane,
                       const std::vector<ImageParam>& images) {
-    out << "{\n  \"unit\": " << json(unitName(manifest.images.back().unit))
-        << ",\n  \"origin\": " << json(plane.origin) << ",\n  \"xAxis\": " << json(plane.xAxis)
-        << ",\n  \"yAxis\": " << json(plane.yAxis) << ",\n  \"images\": [";
+    out << "{\n  \"unit\": " << json(unitName(manifest.unit)) << ",\n  \"origin\": " << json(plane.origin)
+        << ",\n  \"xAxis\": " << json(plane.xAxis) << ",\n  \"yAxis\": " << json(plane.yAxis)
+        << ",\n  \"images\": [";
     for (std::size_t i = 0; i < images.size(); ++i) {
         const Deviation deviation = deviationFrom(plane, images[i]);
         out << (i == 0 ? "\n" : ",\n") << "    {\"image\": " << json(i + 1)
@@ -113,7 +113,7 @@ void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<
             append(text, "the angle out of it is " + fixedText(deviation.angleDegrees, 3) + " degrees");
         if (std::abs(deviation.distance) > tolerance.distance) {
             append(text, "the distance is " + fixedText(deviation.distance, 6) + ' ' +
-                             std::string(unitName(manifest.images.back().unit)));
+                             std::string(unitName(manifest.unit)));
         }
         if (deviation.turnDegrees > tolerance.angleDegrees) {
             append(text, "the turn in it is " + fixedText(deviation.turnDegrees, 3) +

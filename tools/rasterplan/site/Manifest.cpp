@@ -1,18 +1,16 @@
 #include "site/Manifest.h"
 
 #include "base/Failure.h"
-#include "base/NumberText.h"
 #include "base/PathText.h"
 #include "base/Resources.h"
 #include "base/VisibleText.h"
 #include "site/JsonText.h"
-#include "site/UnitNames.h"
+#include "site/ObjectReader.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cmath>
 #include <fstream>
-#include <initializer_list>
 #include <iterator>
 #include <system_error>
 
@@ -21,164 +19,119 @@ namespace fs = std::filesystem;
 namespace rasterplan_tool {
 namespace {
 
-std::string at(const fs::path& file, std::size_t line) {
-    return shownText(file) + ':' + std::to_string(line);
-}
-
-// Reads the members of one object. Every message names the place: file, line, image and field.
-class ObjectReader {
-public:
-    ObjectReader(const fs::path& file, const JsonValue& value, std::string owner)
-        : m_file(file)
-        , m_value(value)
-        , m_owner(std::move(owner)) {
-        m_members = value.as<JsonValue::Object>();
-        if (m_members == nullptr)
-            fail(value.line, "is " + std::string(value.kind()) + "; write an object: {...}");
-    }
-
-    // A misspelt optional field would be passed over in silence otherwise.
-    void allowOnly(std::initializer_list<std::string_view> names) const {
-        for (auto member = m_members->begin(); member != m_members->end(); ++member) {
-            if (std::find(names.begin(), names.end(), member->name) == names.end()) {
-                std::string known;
-                for (const std::string_view name : names) {
-                    known += known.empty() ? "" : ", ";
-                    known += name;
-                }
-                fail(member->line,
-                     "has the unknown field \"" + visible(member->name) + "\"; the fields are " + known);
-            }
-            if (std::any_of(m_members->begin(), member,
-                            [&](const JsonMember& earlier) { return earlier.name == member->name; })) {
-                fail(member->line,
-                     "has the field \"" + visible(member->name) + "\" twice; leave one of them out");
-            }
-        }
-    }
-
-    const JsonValue* find(std::string_view name) const {
-        const auto found = std::find_if(m_members->begin(), m_members->end(),
-                                        [name](const JsonMember& member) { return member.name == name; });
-        return found == m_members->end() ? nullptr : &found->value;
-    }
-
-    const JsonValue& need(std::string_view name, std::string_view example) const {
-        const JsonValue* const value = find(name);
-        if (value == nullptr) {
-            fail(m_value.line,
-                 "has no field \"" + std::string(name) + "\"; add it, for example " + std::string(example));
-        }
-        return *value;
-    }
-
-    std::string path(std::string_view name) const {
-        const JsonValue& value = need(name, R"("path": "south.png")");
-        const std::string* const text = value.as<std::string>();
-        if (text == nullptr)
-            failField(value, name, "is " + std::string(value.kind()) + "; write a text: \"south.png\"");
-        if (text->empty())
-            failField(value, name, "is empty; name the picture's file");
-        if (breaksLines(*text)) {
-            failField(value, name,
-                      "holds a control character, which would break the drawing's lines; rename the file "
-                      "(a backslash in JSON is written \\\\)");
-        }
-        return *text;
-    }
-
-    TripleDouble point(std::string_view name) const {
-        const JsonValue& value = need(name, '"' + std::string(name) + "\": [x, y, z]");
-        const auto* const numbers = value.as<JsonValue::Array>();
-        if (numbers == nullptr)
-            failField(value, name, "is " + std::string(value.kind()) + "; write three numbers: [x, y, z]");
-        if (numbers->size() != 3) {
-            failField(value, name,
-                      "has " + std::to_string(numbers->size()) + " elements; write three numbers: [x, y, z]");
-        }
-        return {coordinate((*numbers)[0], name), coordinate((*numbers)[1], name),
-                coordinate((*numbers)[2], name)};
-    }
-
-    double positive(std::string_view name) const {
-        const JsonValue& value = need(name, '"' + std::string(name) + "\": 200.0");
-        const double* const number = value.as<double>();
-        if (number == nullptr)
-            failField(value, name, "is " + std::string(value.kind()) + "; write a number greater than 0");
-        if (!(*number > 0.0) || *number > largestCoordinate) {
-            failField(value, name,
-                      "is " + shortestText(*number) + "; write a number greater than 0 and at most " +
-                          shortestText(largestCoordinate));
-        }
-        return *number;
-    }
-
-    DrawingUnit unit(std::string_view name, DrawingUnit otherwise) const {
-        const JsonValue* const value = find(name);
-        if (value == nullptr)
-            return otherwise;
-        const std::string* const text = value->as<std::string>();
-        if (text == nullptr)
-            failField(*value, name, "is " + std::string(value->kind()) + "; write a text: \"Meters\"");
-        const std::optional<DrawingUnit> unit = unitFromName(*text);
-        if (!unit) {
-            failField(*value, name,
-                      "is \"" + visible(*text) + "\", which is no unit; the units are " + allUnitNames());
-        }
-        return *unit;
-    }
-
-    [[noreturn]] void failField(const JsonValue& value, std::string_view name,
-                                const std::string& text) const {
-        throw BadInput(at(m_file, value.line) + ": " + m_owner + ", field \"" + std::string(name) +
-                       "\": " + text);
-    }
-
-private:
-    double coordinate(const JsonValue& value, std::string_view name) const {
-        const double* const number = value.as<double>();
-        if (number == nullptr)
-            failField(value, name, "holds " + std::string(value.kind()) + "; write three numbers: [x, y, z]");
-        if (std::abs(*number) > largestCoordinate) {
-            failField(value, name,
-                      "holds " + shortestText(*number) + "; coordinates reach from -" +
-                          shortestText(largestCoordinate) + " to " + shortestText(largestCoordinate));
-        }
-        return *number;
-    }
-
-    [[noreturn]] void fail(std::size_t line, const std::string& text) const {
-        throw BadInput(at(m_file, line) + ": " + m_owner + ' ' + text);
-    }
-
-    const fs::path& m_file;
-    const JsonValue& m_value;
-    std::string m_owner;
-    const JsonValue::Object* m_members = nullptr;
-};
-
 bool samePoint(const TripleDouble& a, const TripleDouble& b) {
     return a.x == b.x && a.y == b.y && a.z == b.z;
 }
 
-ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_t number,
-                        DrawingUnit siteUnit) {
-    const ObjectReader reader(file, value, "image " + std::to_string(number));
-    reader.allowOnly({"path", "leftTop", "leftBottom", "rightBottom", "pixelsPerUnit", "unit"});
-    ManifestImage image;
-    image.line = value.line;
-    image.path = reader.path("path");
-    image.leftTop = reader.point("leftTop");
-    image.leftBottom = reader.point("leftBottom");
-    image.rightBottom = reader.point("rightBottom");
-    image.pixelsPerUnit = reader.positive("pixelsPerUnit");
-    image.unit = reader.unit("unit", siteUnit);
+CornerPlace readCorners(const ObjectReader& reader) {
+    const CornerPlace place{reader.point("leftTop"), reader.point("leftBottom"), reader.point("rightBottom"),
+                            reader.positive("pixelsPerUnit")};
     for (const std::string_view corner : {"leftTop", "rightBottom"}) {
-        if (samePoint(corner == "leftTop" ? image.leftTop : image.rightBottom, image.leftBottom)) {
+        if (samePoint(corner == "leftTop" ? place.leftTop : place.rightBottom, place.leftBottom)) {
             reader.failField(*reader.find(corner), corner,
                              "is the same point as leftBottom; correct one of them");
         }
     }
+    return place;
+}
+
+DirectionPlace readDirections(const ObjectReader& reader) {
+    return {reader.point("leftBottom"), reader.direction("right"), reader.direction("up"),
+            reader.positive("pixelsPerUnit")};
+}
+
+MapPlace readMap(const ObjectReader& reader, const fs::path& file, const std::string& owner) {
+    MapPlace place;
+    if (reader.find("worldFile") != nullptr)
+        place.worldFile = reader.path("worldFile", R"("worldFile": "plan.pgw")");
+    if (const JsonValue* const plane = reader.find("plane")) {
+        if (const JsonValue* const elevation = reader.find("elevation")) {
+            reader.failField(*elevation, "elevation",
+                             "is the height of the ground plane, but another plane is given; leave one out");
+        }
+        const ObjectReader planeReader(file, *plane, owner + ", plane");
+        planeReader.allowOnly({"origin", "xAxis", "yAxis"});
+        place.origin = planeReader.point("origin");
+        place.xAxis = planeReader.direction("xAxis");
+        place.yAxis = planeReader.direction("yAxis");
+    }
+    place.origin.z = reader.coordinate("elevation", place.origin.z);
+    return place;
+}
+
+// The ways of placing an image, as indices of ImagePlace.
+enum Way : std::size_t { ByCorners, ByDirections, ByMap };
+
+struct WayField {
+    std::string_view name;
+    Way way;
+};
+
+constexpr std::array<WayField, 7> wayFields{{
+    {"leftTop", ByCorners},
+    {"rightBottom", ByCorners},
+    {"right", ByDirections},
+    {"up", ByDirections},
+    {"worldFile", ByMap},
+    {"plane", ByMap},
+    {"elevation", ByMap},
+}};
+
+constexpr std::array<std::string_view, 2> fieldsOfCornersAndDirections{"leftBottom", "pixelsPerUnit"};
+
+void refuseBoth(const ObjectReader& reader, std::string_view name, std::string_view otherName) {
+    reader.fail(
+        "has the fields \"" + std::string(name) + "\" and \"" + std::string(otherName) +
+        "\", which place it in different ways; write either leftTop, leftBottom, rightBottom and "
+        "pixelsPerUnit, or leftBottom, right, up and pixelsPerUnit, or, for a picture with a world file "
+        "or a GeoTIFF, at most worldFile and plane or elevation");
+}
+
+Way wayOf(const ObjectReader& reader) {
+    const WayField* given = nullptr;
+    for (const WayField& field : wayFields) {
+        if (reader.find(field.name) == nullptr)
+            continue;
+        if (given != nullptr && given->way != field.way)
+            refuseBoth(reader, given->name, field.name);
+        given = &field;
+    }
+    for (const std::string_view name : fieldsOfCornersAndDirections) {
+        if (reader.find(name) == nullptr)
+            continue;
+        if (given == nullptr)
+            return ByCorners;
+        if (given->way == ByMap)
+            refuseBoth(reader, name, given->name);
+    }
+    return given == nullptr ? ByMap : given->way;
+}
+
+ImagePlace readPlace(const ObjectReader& reader, const fs::path& file, const std::string& owner) {
+    switch (wayOf(reader)) {
+    case ByCorners:
+        return readCorners(reader);
+    case ByDirections:
+        return readDirections(reader);
+    case ByMap:
+        break;
+    }
+    return readMap(reader, file, owner);
+}
+
+ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_t number,
+                        DrawingUnit siteUnit) {
+    const std::string owner = "image " + std::to_string(number);
+    const ObjectReader reader(file, value, owner);
+    reader.allowOnly({"path", "name", "leftTop", "leftBottom", "rightBottom", "right", "up", "pixelsPerUnit",
+                      "worldFile", "plane", "elevation", "unit"});
+    ManifestImage image;
+    image.line = value.line;
+    image.path = reader.path("path", R"("path": "south.png")");
+    if (reader.find("name") != nullptr)
+        image.name = reader.text("name", R"("name": "South facade")");
+    image.place = readPlace(reader, file, owner);
+    image.unit = reader.unit("unit", siteUnit);
     return image;
 }
 
@@ -200,16 +153,21 @@ std::string readFile(const fs::path& file) {
 } // namespace
 
 std::string Manifest::where(std::size_t index) const {
-    return at(file, images[index].line) + ": image " + std::to_string(index + 1) + " (\"" +
-           visible(images[index].path) + "\")";
+    const ManifestImage& image = images[index];
+    return placeText(file, image.line) + ": image " + std::to_string(index + 1) + " (\"" +
+           visible(image.name.empty() ? image.path : image.name) + "\")";
 }
 
 fs::path Manifest::pictureFile(std::size_t index) const {
-    const fs::path picture = fs::absolute(file).parent_path() / pathFromUtf8(images[index].path);
+    return fileBeside(images[index].path);
+}
+
+fs::path Manifest::fileBeside(std::string_view path) const {
+    const fs::path beside = fs::absolute(file).parent_path() / pathFromUtf8(path);
     std::error_code error;
-    const fs::path folder = fs::weakly_canonical(picture.parent_path(), error);
+    const fs::path folder = fs::weakly_canonical(beside.parent_path(), error);
     throwIfExhausted(error);
-    return error ? picture : folder / picture.filename();
+    return error ? beside : folder / beside.filename();
 }
 
 Manifest readManifest(const fs::path& file) {
@@ -221,12 +179,14 @@ Manifest parseManifest(std::string_view text, const fs::path& file) {
     try {
         root = parseJson(text);
     } catch (const JsonError& error) {
-        throw BadInput(at(file, error.line()) + ": this is not valid JSON (UTF-8): " + error.what() +
+        throw BadInput(placeText(file, error.line()) + ": this is not valid JSON (UTF-8): " + error.what() +
                        "; correct it there or just before");
     }
     const ObjectReader reader(file, root, "the site");
-    reader.allowOnly({"unit", "images"});
-    const DrawingUnit unit = reader.unit("unit", Meters);
+    reader.allowOnly({"$schema", "unit", "images"});
+    Manifest manifest;
+    manifest.file = file;
+    manifest.unit = reader.unit("unit", Meters);
     const JsonValue& list = reader.need("images", R"("images": [{"path": ...}])");
     const auto* const values = list.as<JsonValue::Array>();
     if (values == nullptr)
@@ -234,17 +194,20 @@ Manifest parseManifest(std::string_view text, const fs::path& file) {
     if (values->empty())
         reader.failField(list, "images", "is an empty list; a drawing needs at least one image");
 
-    Manifest manifest;
-    manifest.file = file;
     BadInputList failures;
     for (std::size_t i = 0; i < values->size(); ++i) {
         try {
-            manifest.images.push_back(readImage(file, (*values)[i], i + 1, unit));
+            manifest.images.push_back(readImage(file, (*values)[i], i + 1, manifest.unit));
         } catch (const BadInput& failure) {
             failures.add(failure.what());
         }
     }
     failures.throwIfAny();
+    const DrawingUnit first = manifest.images.front().unit;
+    if (reader.find("unit") == nullptr &&
+        std::all_of(manifest.images.begin(), manifest.images.end(),
+                    [first](const ManifestImage& image) { return image.unit == first; }))
+        manifest.unit = first;
     return manifest;
 }
 

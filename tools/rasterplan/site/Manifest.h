@@ -7,33 +7,65 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace rasterplan_tool {
+
+/// An image placed by three corners of its picture.
+struct CornerPlace {
+    TripleDouble leftTop;
+    TripleDouble leftBottom;
+    TripleDouble rightBottom;
+    double pixelsPerUnit = 0.0; ///< Greater than 0.
+};
+
+/// An image placed by a corner and the directions of its edges. Its size follows from the picture's pixels.
+struct DirectionPlace {
+    TripleDouble leftBottom;
+    TripleDouble right;         ///< Of any length but zero.
+    TripleDouble up;            ///< Of any length but zero.
+    double pixelsPerUnit = 0.0; ///< Greater than 0.
+};
+
+/// An image placed on a map by a world file or by its own GeoTIFF tags, and where the map lies in space.
+struct MapPlace {
+    std::string worldFile; ///< UTF-8, as it stands in SITE.json; empty unless one is named there.
+    TripleDouble origin;
+    TripleDouble xAxis{1, 0, 0}; ///< The direction of the map's x, of any length but zero.
+    TripleDouble yAxis{0, 1, 0}; ///< The direction of the map's y, of any length but zero.
+};
+
+/// How an image is placed, as SITE.json says it.
+using ImagePlace = std::variant<CornerPlace, DirectionPlace, MapPlace>;
 
 /// One image of SITE.json.
 struct ManifestImage {
     std::size_t line = 1; ///< Line of SITE.json in which the image begins.
     std::string path; ///< UTF-8, exactly as it stands in SITE.json; not empty, without control characters.
-    TripleDouble leftTop;
-    TripleDouble leftBottom;
-    TripleDouble rightBottom;
-    double pixelsPerUnit = 0.0; ///< Greater than 0.
-    DrawingUnit unit = Meters;  ///< The image's own unit, else the site's, else Meters.
+    std::string name; ///< UTF-8, what the user calls the image; may be empty.
+    ImagePlace place; ///< In the image's unit.
+    DrawingUnit unit = Meters; ///< The image's own unit, else the site's.
 };
 
 /// The content of SITE.json. Coordinates are finite and at most largestCoordinate in magnitude.
 struct Manifest {
-    std::filesystem::path file;        ///< SITE.json itself, as the user named it.
+    std::filesystem::path file; ///< SITE.json itself, as the user named it.
+    DrawingUnit unit = Meters;  ///< The site's; where it names none that of all its images, else Meters.
     std::vector<ManifestImage> images; ///< At least one.
 
-    /// Where an image stands, to begin a message with: `SITE.json:12: image 3 ("south.png")`.
+    /// Where an image stands, to begin a message with: `SITE.json:12: image 3 ("south.png")`, with its name
+    /// where it has one.
     std::string where(std::size_t index) const;
 
-    /// The picture's file, absolute: relative paths count from SITE.json's folder. Links among the folders
-    /// are followed, since ".." behind one would lead elsewhere; a link that is the picture itself keeps its
-    /// name, which the drawing shows. Throws BadInput where the system's paths cannot hold the text.
+    /// The picture's file, as fileBeside.
     std::filesystem::path pictureFile(std::size_t index) const;
+
+    /// A file that SITE.json names in UTF-8, absolute: relative paths count from SITE.json's folder. Links
+    /// among the folders are followed, since ".." behind one would lead elsewhere; a link that is the file
+    /// itself keeps its name, which the drawing shows. Throws BadInput where the system's paths cannot hold
+    /// the text.
+    std::filesystem::path fileBeside(std::string_view path) const;
 };
 
 /// Reads a site. Throws BadInput with one line for every image that is wrong, or for what is wrong with the

@@ -12,15 +12,23 @@ namespace {
 
 constexpr double shortestSide = 1e-10;
 
-std::string noRectangleText(const ImageParam& image) {
+// The fields that give an image its shape.
+std::string_view fieldsToCorrect(const ImagePlace& place) {
+    if (std::holds_alternative<CornerPlace>(place))
+        return "leftTop, leftBottom or rightBottom";
+    return std::holds_alternative<DirectionPlace>(place) ? "right or up" : "the plane's xAxis or yAxis";
+}
+
+std::string noRectangleText(const ImagePlace& place, const ImageParam& image) {
+    const std::string advice = "; correct " + std::string(fieldsToCorrect(place));
     const double shorter = std::min(image.getImgWidth(), image.getImgHeight());
     if (!(shorter > shortestSide)) {
         return "the corners are no rectangle: it is " + shortestText(image.getImgWidth()) + " wide and " +
-               shortestText(image.getImgHeight()) + " high; correct leftTop, leftBottom or rightBottom";
+               shortestText(image.getImgHeight()) + " high" + advice;
     }
     return "the corners are no rectangle: the angle at leftBottom is " +
            fixedText(angleDegrees(image.getImgUVector(), image.getImgVVector()), 3) +
-           " degrees instead of 90; correct leftTop, leftBottom or rightBottom";
+           " degrees instead of 90" + advice;
 }
 
 constexpr std::string_view noPlaneText =
@@ -30,22 +38,28 @@ constexpr std::string_view noPlaneText =
 
 } // namespace
 
-std::vector<ImageParam> makeImages(const Manifest& manifest, const std::vector<std::wstring>& paths) {
+Site readSite(const std::filesystem::path& file, PicturesToRead which) {
+    Site site{readManifest(file), {}, {}};
+    site.files = readImageFiles(site.manifest, which);
+    site.places = placeImages(site.manifest, site.files);
+    return site;
+}
+
+std::vector<ImageParam> makeImages(const Site& site, const std::vector<std::wstring>& paths) {
     std::vector<ImageParam> images;
     BadInputList failures;
-    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
-        const ManifestImage& given = manifest.images[i];
+    for (std::size_t i = 0; i < site.places.size(); ++i) {
+        const CornerPlace& place = site.places[i];
         ImageParam image(paths[i].c_str());
-        image.setDrawingUnit(given.unit);
-        image.setNumberPixelPerUnit(given.pixelsPerUnit);
+        image.setDrawingUnit(site.manifest.unit);
+        image.setNumberPixelPerUnit(place.pixelsPerUnit);
         try {
-            image.setImageCorners(given.leftTop, given.leftBottom, given.rightBottom);
+            image.setImageCorners(place.leftTop, place.leftBottom, place.rightBottom);
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception&) {
-            failures.add(manifest.where(i) +
-                         ": a side of the image has no length; correct leftTop, leftBottom or "
-                         "rightBottom");
+            failures.add(site.manifest.where(i) + ": a side of the image has no length; correct " +
+                         std::string(fieldsToCorrect(site.manifest.images[i].place)));
         }
         images.push_back(std::move(image));
     }
@@ -65,7 +79,7 @@ void addImages(RasterPlanWriter& drawing, const Manifest& manifest, const std::v
             // the image's own coordinate frame is singular: no rectangle either
         }
         if (result == RasterPlanWriter::InvalidGeometry)
-            failures.add(manifest.where(i) + ": " + noRectangleText(images[i]));
+            failures.add(manifest.where(i) + ": " + noRectangleText(manifest.images[i].place, images[i]));
         else if (result != RasterPlanWriter::Success)
             throw ExportFailed(manifest.where(i) + ": " + std::string(writeResultText(result)));
     }

@@ -1,5 +1,8 @@
 #include "site/UnitNames.h"
 
+#include "base/LetterCase.h"
+#include "base/Suggestion.h"
+
 #include <algorithm>
 #include <array>
 
@@ -9,39 +12,65 @@ namespace {
 struct UnitName {
     DrawingUnit unit;
     std::string_view name;
+    std::string_view spellings; // in small letters, without spaces and hyphens; the name first
 };
 
 constexpr std::array<UnitName, 22> unitNames{{
-    {Unitless, "Unitless"},
-    {Inches, "Inches"},
-    {Feet, "Feet"},
-    {Miles, "Miles"},
-    {Millimeters, "Millimeters"},
-    {Centimeters, "Centimeters"},
-    {Meters, "Meters"},
-    {Kilometers, "Kilometers"},
-    {Microinches, "Microinches"},
-    {Mils, "Mils"},
-    {Yards, "Yards"},
-    {Angstroms, "Angstroms"},
-    {Nanometers, "Nanometers"},
-    {Microns, "Microns"},
-    {Decimeters, "Decimeters"},
-    {Decameters, "Decameters"},
-    {Hectometers, "Hectometers"},
-    {Gigameters, "Gigameters"},
-    {AstronomicalUnits, "AstronomicalUnits"},
-    {LightYears, "LightYears"},
-    {Parsecs, "Parsecs"},
-    {USSurveyFeet, "USSurveyFeet"},
+    {Unitless, "Unitless", "unitless none"},
+    {Inches, "Inches", "inches inch in"},
+    {Feet, "Feet", "feet foot ft"},
+    {Miles, "Miles", "miles mile mi"},
+    {Millimeters, "Millimeters", "millimeters millimeter millimetres millimetre mm"},
+    {Centimeters, "Centimeters", "centimeters centimeter centimetres centimetre cm"},
+    {Meters, "Meters", "meters meter metres metre m"},
+    {Kilometers, "Kilometers", "kilometers kilometer kilometres kilometre km"},
+    {Microinches, "Microinches", "microinches microinch uin"},
+    {Mils, "Mils", "mils mil thou"},
+    {Yards, "Yards", "yards yard yd"},
+    {Angstroms, "Angstroms", "angstroms angstrom"},
+    {Nanometers, "Nanometers", "nanometers nanometer nanometres nanometre nm"},
+    {Microns, "Microns", "microns micron micrometers micrometer micrometres micrometre um"},
+    {Decimeters, "Decimeters", "decimeters decimeter decimetres decimetre dm"},
+    {Decameters, "Decameters", "decameters decameter decametres decametre dam"},
+    {Hectometers, "Hectometers", "hectometers hectometer hectometres hectometre hm"},
+    {Gigameters, "Gigameters", "gigameters gigameter gigametres gigametre gm"},
+    {AstronomicalUnits, "AstronomicalUnits", "astronomicalunits astronomicalunit au"},
+    {LightYears, "LightYears", "lightyears lightyear ly"},
+    {Parsecs, "Parsecs", "parsecs parsec pc"},
+    {USSurveyFeet, "USSurveyFeet", "ussurveyfeet ussurveyfoot usft ftus"},
 }};
+
+// Whether a word is one of those that stand between spaces.
+bool holdsWord(std::string_view words, std::string_view word) {
+    while (!words.empty()) {
+        const std::size_t end = std::min(words.find(' '), words.size());
+        if (words.substr(0, end) == word)
+            return true;
+        words.remove_prefix(std::min(end + 1, words.size()));
+    }
+    return false;
+}
 
 } // namespace
 
 std::optional<DrawingUnit> unitFromName(std::string_view name) {
-    const auto* const found = std::find_if(unitNames.begin(), unitNames.end(),
-                                           [name](const UnitName& row) { return row.name == name; });
+    std::string letters = inSmallLetters(name);
+    std::erase_if(letters, [](char c) { return c == ' ' || c == '-'; });
+    const auto* const found = std::find_if(unitNames.begin(), unitNames.end(), [&](const UnitName& row) {
+        return holdsWord(row.spellings, letters);
+    });
     return found == unitNames.end() ? std::nullopt : std::optional(found->unit);
+}
+
+std::string unitSuggestion(std::string_view name) {
+    std::array<std::string_view, unitNames.size()> names;
+    std::transform(unitNames.begin(), unitNames.end(), names.begin(),
+                   [](const UnitName& row) { return row.name; });
+    return suggestionText(name, names);
+}
+
+std::string_view unitSpellings(DrawingUnit unit) {
+    return unitNames[static_cast<std::size_t>(unit)].spellings;
 }
 
 std::string_view unitName(DrawingUnit unit) {

@@ -1,0 +1,56 @@
+#include "site/ImageFiles.h"
+
+#include "base/Failure.h"
+#include "base/PathText.h"
+#include "picture/PictureHeader.h"
+#include "picture/WorldFile.h"
+
+namespace fs = std::filesystem;
+
+namespace rasterplan_tool {
+namespace {
+
+std::optional<WorldFile> readWorldFileOf(const Manifest& manifest, std::size_t index, const MapPlace& place) {
+    const std::optional<fs::path> path = place.worldFile.empty() ? findWorldFile(manifest.pictureFile(index))
+                                                                 : manifest.fileBeside(place.worldFile);
+    if (!path)
+        return std::nullopt;
+    try {
+        return WorldFile{*path, readWorldFile(*path)};
+    } catch (const WorldFileError& error) {
+        throw BadInput(manifest.where(index) + ": world file " + quoted(*path) + ": " + error.what());
+    }
+}
+
+ImageFiles readFilesOf(const Manifest& manifest, std::size_t index, PicturesToRead which) {
+    const ImagePlace& place = manifest.images[index].place;
+    ImageFiles files;
+    if (const auto* const map = std::get_if<MapPlace>(&place))
+        files.worldFile = readWorldFileOf(manifest, index, *map);
+    if (which == PicturesToRead::Needed && std::holds_alternative<CornerPlace>(place))
+        return files;
+    try {
+        files.picture = readPicture(manifest.pictureFile(index));
+    } catch (const PictureError& error) {
+        files.picture = error;
+    }
+    return files;
+}
+
+} // namespace
+
+std::vector<ImageFiles> readImageFiles(const Manifest& manifest, PicturesToRead which) {
+    std::vector<ImageFiles> files;
+    BadInputList failures;
+    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
+        try {
+            files.push_back(readFilesOf(manifest, i, which));
+        } catch (const BadInput& failure) {
+            failures.add(failure.what());
+        }
+    }
+    failures.throwIfAny();
+    return files;
+}
+
+} // namespace rasterplan_tool
