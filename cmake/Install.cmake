@@ -31,6 +31,7 @@ if(RASTERPLANWRITER_BUILD_TOOL)
     set_target_properties(rasterplan PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
   endif()
   install(TARGETS rasterplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/resources/site.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/rasterplan)
 endif()
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/RasterPlanWriter)

@@ -1,7 +1,14 @@
 #include "site/UnitNames.h"
 
+#include "base/PathText.h"
+#include "tool/TestFiles.h"
+
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
+#include <iterator>
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -41,6 +48,18 @@ TEST(UnitNames, EverySpellingIsAUnitOfItsOwn) {
         for (std::string spelling; spellings >> spelling;)
             EXPECT_EQ(unitFromName(spelling), unit) << spelling;
     }
+}
+
+TEST(UnitNames, SchemaHoldsEverySpelling) {
+    std::set<std::string> spellings;
+    for (int code = Unitless; code <= USSurveyFeet; ++code) {
+        const auto unit = static_cast<DrawingUnit>(code);
+        spellings.emplace(unitName(unit));
+        std::istringstream words{std::string(unitSpellings(unit))};
+        spellings.insert(std::istream_iterator<std::string>(words), {});
+    }
+    const auto schema = nlohmann::json::parse(readBytes(pathFromUtf8(RASTERPLAN_SCHEMA)));
+    EXPECT_EQ(schema["definitions"]["unit"]["enum"].get<std::set<std::string>>(), spellings);
 }
 
 TEST(UnitNames, NoOtherTextIsAUnit) {
