@@ -2,36 +2,18 @@
 // its header, and no place on a map is made of numbers that are none.
 
 #include "fuzz/Fuzzing.h"
+#include "fuzz/MemoryFile.h"
 
 #include "picture/PictureHeader.h"
 
 #include <cmath>
 #include <string>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 namespace {
 
 using namespace rasterplan_tool;
 using rasterplan::fuzz::demand;
-
-// A file without a place on any disk.
-class MemoryFile {
-public:
-    MemoryFile(const std::uint8_t* data, std::size_t size)
-        : m_file(memfd_create("picture", MFD_CLOEXEC)) {
-        demand(write(m_file, data, size) == static_cast<ssize_t>(size), "cannot write to memory");
-    }
-    ~MemoryFile() { close(m_file); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(m_file); }
-
-private:
-    int m_file;
-};
+using rasterplan::fuzz::MemoryFile;
 
 std::uint32_t bigEndian(const std::uint8_t* bytes) {
     return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 |

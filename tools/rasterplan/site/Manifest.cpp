@@ -8,7 +8,6 @@
 #include "site/ObjectReader.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
@@ -19,110 +18,9 @@ namespace fs = std::filesystem;
 namespace rasterplan_tool {
 namespace {
 
-bool samePoint(const TripleDouble& a, const TripleDouble& b) {
-    return a.x == b.x && a.y == b.y && a.z == b.z;
-}
-
-CornerPlace readCorners(const ObjectReader& reader) {
-    const CornerPlace place{reader.point("leftTop"), reader.point("leftBottom"), reader.point("rightBottom"),
-                            reader.positive("pixelsPerUnit")};
-    for (const std::string_view corner : {"leftTop", "rightBottom"}) {
-        if (samePoint(corner == "leftTop" ? place.leftTop : place.rightBottom, place.leftBottom)) {
-            reader.failField(*reader.find(corner), corner,
-                             "is the same point as leftBottom; correct one of them");
-        }
-    }
-    return place;
-}
-
-DirectionPlace readDirections(const ObjectReader& reader) {
-    return {reader.point("leftBottom"), reader.direction("right"), reader.direction("up"),
-            reader.positive("pixelsPerUnit")};
-}
-
-MapPlace readMap(const ObjectReader& reader, const fs::path& file, const std::string& owner) {
-    MapPlace place;
-    if (reader.find("worldFile") != nullptr)
-        place.worldFile = reader.path("worldFile", R"("worldFile": "plan.pgw")");
-    if (const JsonValue* const plane = reader.find("plane")) {
-        if (const JsonValue* const elevation = reader.find("elevation")) {
-            reader.failField(*elevation, "elevation",
-                             "is the height of the ground plane, but another plane is given; leave one out");
-        }
-        const ObjectReader planeReader(file, *plane, owner + ", plane");
-        planeReader.allowOnly({"origin", "xAxis", "yAxis"});
-        place.origin = planeReader.point("origin");
-        place.xAxis = planeReader.direction("xAxis");
-        place.yAxis = planeReader.direction("yAxis");
-    }
-    place.origin.z = reader.coordinate("elevation", place.origin.z);
-    return place;
-}
-
-// The ways of placing an image, as indices of ImagePlace.
-enum Way : std::size_t { ByCorners, ByDirections, ByMap };
-
-struct WayField {
-    std::string_view name;
-    Way way;
-};
-
-constexpr std::array<WayField, 7> wayFields{{
-    {"leftTop", ByCorners},
-    {"rightBottom", ByCorners},
-    {"right", ByDirections},
-    {"up", ByDirections},
-    {"worldFile", ByMap},
-    {"plane", ByMap},
-    {"elevation", ByMap},
-}};
-
-constexpr std::array<std::string_view, 2> fieldsOfCornersAndDirections{"leftBottom", "pixelsPerUnit"};
-
-void refuseBoth(const ObjectReader& reader, std::string_view name, std::string_view otherName) {
-    reader.fail(
-        "has the fields \"" + std::string(name) + "\" and \"" + std::string(otherName) +
-        "\", which place it in different ways; write either leftTop, leftBottom, rightBottom and "
-        "pixelsPerUnit, or leftBottom, right, up and pixelsPerUnit, or, for a picture with a world file "
-        "or a GeoTIFF, at most worldFile and plane or elevation");
-}
-
-Way wayOf(const ObjectReader& reader) {
-    const WayField* given = nullptr;
-    for (const WayField& field : wayFields) {
-        if (reader.find(field.name) == nullptr)
-            continue;
-        if (given != nullptr && given->way != field.way)
-            refuseBoth(reader, given->name, field.name);
-        given = &field;
-    }
-    for (const std::string_view name : fieldsOfCornersAndDirections) {
-        if (reader.find(name) == nullptr)
-            continue;
-        if (given == nullptr)
-            return ByCorners;
-        if (given->way == ByMap)
-            refuseBoth(reader, name, given->name);
-    }
-    return given == nullptr ? ByMap : given->way;
-}
-
-ImagePlace readPlace(const ObjectReader& reader, const fs::path& file, const std::string& owner) {
-    switch (wayOf(reader)) {
-    case ByCorners:
-        return readCorners(reader);
-    case ByDirections:
-        return readDirections(reader);
-    case ByMap:
-        break;
-    }
-    return readMap(reader, file, owner);
-}
-
 ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_t number,
                         DrawingUnit siteUnit) {
-    const std::string owner = "image " + std::to_string(number);
-    const ObjectReader reader(file, value, owner);
+    const ObjectReader reader(file, value, "image " + std::to_string(number));
     reader.allowOnly({"path", "name", "leftTop", "leftBottom", "rightBottom", "right", "up", "pixelsPerUnit",
                       "worldFile", "plane", "elevation", "unit"});
     ManifestImage image;
@@ -130,7 +28,7 @@ ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_
     image.path = reader.path("path", R"("path": "south.png")");
     if (reader.find("name") != nullptr)
         image.name = reader.text("name", R"("name": "South facade")");
-    image.place = readPlace(reader, file, owner);
+    image.place = readPlace(reader);
     image.unit = reader.unit("unit", siteUnit);
     return image;
 }

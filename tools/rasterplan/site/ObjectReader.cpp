@@ -133,6 +133,10 @@ DrawingUnit ObjectReader::unit(std::string_view name, DrawingUnit otherwise) con
     return *unit;
 }
 
+ObjectReader ObjectReader::object(std::string_view name) const {
+    return {m_file, *find(name), m_owner + ", " + std::string(name)};
+}
+
 void ObjectReader::failField(const JsonValue& value, std::string_view name, const std::string& text) const {
     throw BadInput(placeText(m_file, value.line) + ": " + m_owner + ", field \"" + std::string(name) +
                    "\": " + text);
@@ -145,9 +149,8 @@ void ObjectReader::fail(const std::string& text) const {
 double ObjectReader::coordinateOf(const JsonValue& value, std::string_view name,
                                   std::string_view form) const {
     const double* const number = value.as<double>();
-    if (number == nullptr) {
+    if (number == nullptr)
         failField(value, name, "holds " + std::string(value.kind()) + "; write " + std::string(form));
-    }
     if (std::abs(*number) > largestCoordinate) {
         failField(value, name,
                   "holds " + shortestText(*number) + "; coordinates reach from -" +

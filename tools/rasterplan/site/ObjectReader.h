@@ -56,6 +56,9 @@ public:
     /// A unit, or `otherwise` where there is no such member. Throws BadInput for what is no unit.
     DrawingUnit unit(std::string_view name, DrawingUnit otherwise) const;
 
+    /// A reader of the object that a member is, which must be there. Throws BadInput for anything else.
+    ObjectReader object(std::string_view name) const;
+
     /// Throws BadInput about a member.
     [[noreturn]] void failField(const JsonValue& value, std::string_view name, const std::string& text) const;
 
