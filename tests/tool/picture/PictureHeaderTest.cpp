@@ -1,6 +1,7 @@
 #include "picture/PictureHeader.h"
 
 #include "base/PathText.h"
+#include "picture/PictureEnd.h"
 #include "tool/TestFiles.h"
 #include "tool/TestPictures.h"
 
@@ -20,6 +21,11 @@ std::string errorOf(const fs::path& file) {
         return error.what();
     }
     return "no error";
+}
+
+bool hasJpegEnd(const fs::path& path) {
+    BinaryFile file(path);
+    return rasterplan_tool::hasJpegEnd(file);
 }
 
 // Decoders that read on behind the header refuse a file that is cut short, which is as good.
@@ -142,6 +148,9 @@ TEST(PictureHeader, TiffThatIsDamagedIsAnError) {
     EXPECT_EQ(errorOfTiff({{257, {0}, {}}}), noSize);
     EXPECT_EQ(errorOfTiff({{256, {1, 2}, {}}}), noSize);
     EXPECT_EQ(errorOfTiff({{257, {}, {9.0}}}), noSize);
+    std::string asText = tiffBytes({}, 17, 9);
+    asText.replace(asText.find(std::string("\0\x01\x04\0", 4)), 4, std::string("\0\x01\x02\0", 4));
+    EXPECT_EQ(errorOf(writeFile(folder / "a.tif", asText)), noSize);
     std::string tooMany = tiffBytes({false, true}, 17, 9);
     tooMany.replace(tooMany.find(std::string("\x04\0\0\0\0\0\0\0", 8)), 4, "\xFF\xFF\xFF\xFF");
     EXPECT_EQ(errorOf(writeFile(folder / "a.tif", tooMany)),
@@ -185,6 +194,15 @@ TEST(PictureHeader, PreviewInAJpegIsNotItsEnd) {
     EXPECT_TRUE(isCutShort(writeFile(folder / "a.jpg", jpeg)));
 }
 
+TEST(PictureHeader, BytesBetweenSegmentsOfAJpegArePassedOver) {
+    const TestFolder folder;
+    std::string jpeg = readBytes(testData("grey-17x9.jpg"));
+    jpeg.insert(2, "  \xFF\xFF");
+    EXPECT_FALSE(hasJpegEnd(writeFile(folder / "a.jpg", jpeg.substr(0, jpeg.size() - 2))));
+    EXPECT_TRUE(hasJpegEnd(writeFile(folder / "a.jpg", jpeg + "tail")));
+    EXPECT_FALSE(hasJpegEnd(writeFile(folder / "a.jpg", "\xFF\xD8\xFF\xE0")));
+}
+
 TEST(PictureHeader, EndOfAJpegIsFoundFarFromBothEnds) {
     const TestFolder folder;
     std::string jpeg = readBytes(testData("grey-17x9.jpg"));
@@ -206,6 +224,9 @@ TEST(PictureHeader, TiffWhoseStripsOrTilesLieBeyondItsEndIsCutShort) {
     EXPECT_TRUE(isTiffCutShort({{273, {1000}, {}}}));
     EXPECT_FALSE(isTiffCutShort({{273, {8, 9, 10}, {}}, {279, {1, 2, 2}, {}}}));
     EXPECT_TRUE(isTiffCutShort({{273, {8, 9, 10}, {}}, {279, {1, 2, 1000}, {}}}));
+    std::string endless = tiffBytes({}, 17, 9);
+    endless.replace(endless.find(std::string("\x11\x01\x04\0\x01", 5)) + 4, 4, std::string("\0\0\0\x01", 4));
+    EXPECT_TRUE(isCutShort(writeFile(folder / "a.tif", endless)));
     EXPECT_FALSE(isTiffCutShort({{324, {8, 0}, {}}, {325, {4, 0}, {}}}));
     EXPECT_TRUE(isTiffCutShort({{324, {8, 0}, {}}, {325, {4, 1000}, {}}}));
 }

@@ -325,6 +325,20 @@ TEST_F(ProgramWithoutPrivileges, FolderInWhichNothingCanBeCreated) {
                   m_userSetting);
 }
 
+TEST_F(ProgramWithoutPrivileges, PictureThatCannotBeOpened) {
+    fs::permissions(m_folder / "a.png", fs::perms::none);
+    fs::create_directory(m_folder / "open");
+    fs::permissions(m_folder / "open", fs::perms::all);
+    const ProgramResult result = runProgram({"3d", at("SITE.json"), at("open/out.dxf")}, m_userSetting);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(
+        result.err.find('"' + at("a.png") +
+                        "\": the file cannot be opened, so neither its pixel count nor whether it is whole "
+                        "was checked; check its permissions"),
+        std::string::npos)
+        << result.err;
+}
+
 TEST_F(ProgramWithoutPrivileges, FileThatCannotBeWritten) {
     fs::permissions(m_folder / "out.dxf", m_readOnly);
     expectFailure({"3d", at("SITE.json"), at("out.dxf")}, 1,

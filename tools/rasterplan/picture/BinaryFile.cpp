@@ -22,26 +22,21 @@ BinaryFile::BinaryFile(const fs::path& file) {
         throw PictureError("this is not a file", "correct the path");
     errno = 0;
     m_stream.reset(openForReading(file));
-    if (!m_stream) {
+    m_size = fs::file_size(file, error);
+    if (!m_stream || error) {
         throwIfExhausted(errno);
         throw PictureError("the file cannot be opened", "check its permissions");
     }
     std::setvbuf(m_stream.get(), m_buffer.data(), _IOFBF, m_buffer.size());
-    m_size = fs::file_size(file, error);
-    if (error)
-        throw PictureError("the file cannot be read", "check the disk or the network");
 }
 
 std::string_view BinaryFile::read(std::uint64_t offset, std::span<char> bytes) {
     if (offset >= m_size)
         return {};
     errno = 0;
-    if (!seekTo(m_stream.get(), offset)) {
-        throwIfExhausted(errno);
-        throw PictureError("the file cannot be read", "check the disk or the network");
-    }
-    const std::size_t count = std::fread(bytes.data(), 1, bytes.size(), m_stream.get());
-    if (count < bytes.size() && std::ferror(m_stream.get()) != 0) {
+    const bool isThere = seekTo(m_stream.get(), offset);
+    const std::size_t count = isThere ? std::fread(bytes.data(), 1, bytes.size(), m_stream.get()) : 0;
+    if (!isThere || (count < bytes.size() && std::ferror(m_stream.get()) != 0)) {
         throwIfExhausted(errno);
         throw PictureError("the file cannot be read", "check the disk or the network");
     }

@@ -16,20 +16,22 @@ bool endsWith(BinaryFile& file, std::string_view end) {
     return file.size() >= end.size() && file.read(file.size() - end.size(), buffer) == end;
 }
 
-// The place of the first scan, behind all segments of the header; the file's size where there is none.
+// The place of the first scan, behind all segments of the header; the file's size where there is none. Bytes
+// between segments are passed over, as decoders do.
 std::uint64_t findFirstScan(BinaryFile& file) {
     constexpr unsigned startOfScan = 0xDA;
-    std::uint64_t place = 2;
     std::array<char, 4> buffer{};
-    while (true) {
+    for (std::uint64_t place = 2; place + buffer.size() <= file.size();) {
         const std::string_view segment = file.read(place, buffer);
-        if (segment.size() < buffer.size() || byteOf(segment[0]) != 0xFF)
-            return file.size();
-        if (byteOf(segment[1]) == startOfScan)
+        const unsigned marker = byteOf(segment[1]);
+        if (byteOf(segment[0]) != 0xFF || marker == 0xFF)
+            ++place;
+        else if (marker == startOfScan)
             return place;
-        const bool isFill = byteOf(segment[1]) == 0xFF;
-        place += isFill ? 1 : 2 + (byteOf(segment[2]) << 8 | byteOf(segment[3]));
+        else
+            place += 2 + (byteOf(segment[2]) << 8 | byteOf(segment[3]));
     }
+    return file.size();
 }
 
 bool holds(BinaryFile& file, std::uint64_t from, std::string_view mark) {

@@ -33,13 +33,11 @@ constexpr bool isWanted(std::uint64_t tag) {
     return false;
 }
 
-enum class Type : std::uint16_t { Byte = 1, Short = 3, Long = 4, Double = 12, Long8 = 16 };
+enum class Type : std::uint16_t { Short = 3, Long = 4, Double = 12, Long8 = 16 };
 
 // In bytes; 0 for a type that none of the wanted tags has.
 constexpr std::size_t sizeOf(Type type) {
     switch (type) {
-    case Type::Byte:
-        return 1;
     case Type::Short:
         return 2;
     case Type::Long:
@@ -53,7 +51,7 @@ constexpr std::size_t sizeOf(Type type) {
 
 // The values of a tag and where they stand.
 struct Field {
-    Type type = Type::Byte;
+    Type type = Type::Short;
     std::uint64_t count = 0;
     std::uint64_t offset = 0;
 };
