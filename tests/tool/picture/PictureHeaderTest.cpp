@@ -222,6 +222,9 @@ TEST(PictureHeader, TiffWhoseStripsOrTilesLieBeyondItsEndIsCutShort) {
     };
     EXPECT_TRUE(isTiffCutShort({{279, {1000}, {}}}));
     EXPECT_TRUE(isTiffCutShort({{273, {1000}, {}}}));
+    const std::uint64_t behindHeader = tiffBytes({}, 17, 9).size() - 8; // where the strip begins
+    EXPECT_FALSE(isTiffCutShort({{279, {behindHeader}, {}}}));
+    EXPECT_TRUE(isTiffCutShort({{279, {behindHeader + 1}, {}}}));
     EXPECT_FALSE(isTiffCutShort({{273, {8, 9, 10}, {}}, {279, {1, 2, 2}, {}}}));
     EXPECT_TRUE(isTiffCutShort({{273, {8, 9, 10}, {}}, {279, {1, 2, 1000}, {}}}));
     std::string endless = tiffBytes({}, 17, 9);
