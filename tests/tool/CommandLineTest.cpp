@@ -73,6 +73,17 @@ TEST(CommandLine, Write2dInAPlaneOfTheUsersOwn) {
     EXPECT_EQ(line.distanceTolerance, 0.0);
 }
 
+TEST(CommandLine, ViewDrawing) {
+    const ViewDrawing line = parsed<ViewDrawing>({"view", "a.dxf"});
+    EXPECT_EQ(line.drawing, "a.dxf");
+    EXPECT_EQ(line.page, "");
+    EXPECT_FALSE(line.embed);
+    EXPECT_EQ(parsed<ViewDrawing>({"view", "a.dxf", "b.html", "--embed"}).page, "b.html");
+    EXPECT_TRUE(parsed<ViewDrawing>({"view", "--embed", "a.dxf"}).embed);
+    EXPECT_FALSE(parsedWrite({"3d", "s", "o"}).view);
+    EXPECT_TRUE(parsedWrite({"2d", "s", "o", "--view"}).view);
+}
+
 TEST(CommandLine, ShowPlane) {
     EXPECT_FALSE(parsed<ShowPlane>({"plane", "s"}).json);
     EXPECT_TRUE(parsed<ShowPlane>({"plane", "s", "--json"}).json);
@@ -121,8 +132,8 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         Arguments arguments;
         const char* words;
     } cases[] = {
-        {{}, "no command is given; the commands are 3d, 2d, plane, corners and check"},
-        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d, plane, corners and check"},
+        {{}, "no command is given; the commands are 3d, 2d, plane, corners, view and check"},
+        {{"4d", "s", "o"}, "\"4d\" is no command; the commands are 3d, 2d, plane, corners, view and check"},
         {{"3d"}, "SITE.json is required"},
         {{"3d", "s"}, "OUT.dxf is required"},
         {{"3d", "s", "o", "x"}, "x"},

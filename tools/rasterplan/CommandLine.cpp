@@ -70,6 +70,10 @@ struct OptionTexts {
     std::string angleTolerance;
     std::string distanceTolerance;
     bool json = false;
+    std::string drawing;
+    std::string page;
+    bool embed = false;
+    bool view = false;
 };
 
 struct PathFormName {
@@ -162,6 +166,8 @@ void addOutput(CLI::App& command, OptionTexts& texts) {
                     "relative (to OUT.dxf's folder)\nor as-given (the text of SITE.json)")
         ->type_name("FORM")
         ->check(CLI::IsMember(pathFormNames()).description(""));
+    command.add_flag("--view", texts.view,
+                     "Write the page that shows the drawing too, beside\nit, as view does");
 }
 
 void addPlane(CLI::App& command, OptionTexts& texts) {
@@ -225,6 +231,14 @@ CLI::App* addShowCorners(CLI::App& app, OptionTexts& texts) {
     return command;
 }
 
+CLI::App* addView(CLI::App& app, OptionTexts& texts) {
+    CLI::App* const command = app.add_subcommand("view", "Write a page that shows a drawing in any browser");
+    command->add_option("DRAWING.dxf", texts.drawing, "The drawing to look at, of any program")->required();
+    command->add_option("PAGE.html", texts.page, "The page to write (default DRAWING.html)");
+    command->add_flag("--embed", texts.embed, "Put the pictures into the page, which can go\nanywhere then");
+    return command;
+}
+
 Command writeDrawing(const OptionTexts& texts) {
     if (texts.output.empty())
         throw BadInput("the output path is empty; name a file, such as site.dxf");
@@ -232,6 +246,7 @@ Command writeDrawing(const OptionTexts& texts) {
     command.site = pathFromUtf8(texts.site);
     command.output = pathFromUtf8(texts.output);
     command.pathForm = pathFormOf(texts.pathForm);
+    command.view = texts.view;
     return command;
 }
 
@@ -256,6 +271,10 @@ Command showCorners(const OptionTexts& texts) {
     return ShowCorners{pathFromUtf8(texts.site)};
 }
 
+Command viewDrawing(const OptionTexts& texts) {
+    return ViewDrawing{pathFromUtf8(texts.drawing), pathFromUtf8(texts.page), texts.embed};
+}
+
 // "3d, 2d and plane"
 std::string namesOf(std::span<const Subcommand> commands) {
     std::string names = commands.front().app->get_name();
@@ -272,11 +291,12 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
     app.allow_windows_style_options(false); // an absolute path may begin with '/'
     app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
 
-    const std::array<Subcommand, 5> commands{{
+    const std::array<Subcommand, 6> commands{{
         {addWrite3d(app, texts), &writeDrawing},
         {addWrite2d(app, texts), &writeDrawingFlattened},
         {addShowPlane(app, texts), &showPlane},
         {addShowCorners(app, texts), &showCorners},
+        {addView(app, texts), &viewDrawing},
         {addCheckDrawing(app, texts), &checkDrawing},
     }};
 

@@ -3,6 +3,7 @@
 #include "commands/CheckDrawing.h"
 #include "commands/ShowCorners.h"
 #include "commands/ShowPlane.h"
+#include "commands/ViewDrawing.h"
 #include "commands/WriteDrawing.h"
 
 #include <optional>
@@ -13,7 +14,7 @@
 namespace rasterplan_tool {
 
 /// What the program is to do.
-using Command = std::variant<WriteDrawing, ShowPlane, ShowCorners, CheckDrawing>;
+using Command = std::variant<WriteDrawing, ShowPlane, ShowCorners, ViewDrawing, CheckDrawing>;
 
 /// Either a command or a text that answers it (help, version).
 struct CommandLineResult {

@@ -58,7 +58,7 @@ std::string siteWithCorners(const std::string& corners) {
 
 TEST_F(ProgramErrors, WrongCommandLine) {
     expectFailure({}, 2, "no command is given");
-    expectFailure({"4d"}, 2, "\"4d\" is no command; the commands are 3d, 2d, plane, corners and check");
+    expectFailure({"4d"}, 2, "\"4d\" is no command; the commands are 3d, 2d, plane, corners, view and check");
     expectFailure({"3d", at("SITE.json")}, 2, "OUT.dxf is required");
     expectFailure({"3d", at("SITE.json"), at("out.dxf"), "--paths", "x"}, 2, "--paths: x not in");
     expectFailure({"2d", at("SITE.json"), at("out.dxf"), "--origin", "1,2"}, 2, "give all three");

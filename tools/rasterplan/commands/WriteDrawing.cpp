@@ -4,6 +4,7 @@
 #include "base/PathText.h"
 #include "base/ResultText.h"
 #include "base/Vector.h"
+#include "commands/ViewDrawing.h"
 #include "drawing/PendingDrawing.h"
 #include "drawing/TemplateFile.h"
 #include "report/PictureCheck.h"
@@ -92,9 +93,7 @@ bool isFarOff(const Plane& plane, const std::vector<ImageParam>& images) {
     });
 }
 
-} // namespace
-
-void execute(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
+void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
     const Site site = readSite(command.site, PicturesToRead::All);
     const Manifest& manifest = site.manifest;
     PendingDrawing pending(command.output);
@@ -128,6 +127,14 @@ void execute(const WriteDrawing& command, Console& console, const MemoryWatch& m
                        (images.size() == 1 ? " image, " : " images, ") + std::to_string(size) + " bytes\n";
     console.flush();
     pending.putInPlace();
+}
+
+} // namespace
+
+void execute(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
+    writeFile(command, console, memory);
+    if (command.view)
+        execute(ViewDrawing{command.output, {}, false}, console, memory);
 }
 
 } // namespace rasterplan_tool

@@ -16,6 +16,7 @@ struct WriteDrawing {
     std::filesystem::path site;
     std::filesystem::path output;
     PathForm pathForm = PathForm::Absolute;
+    bool view = false;          ///< Write the page that shows the drawing too, beside it.
     std::optional<Plane> plane; ///< Of a flattened drawing: the user's plane; otherwise the proposed one.
     std::optional<double> angleTolerance;    ///< Of a flattened drawing, in degrees.
     std::optional<double> distanceTolerance; ///< Of a flattened drawing, in drawing units.
