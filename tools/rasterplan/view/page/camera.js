@@ -9,7 +9,7 @@ class Camera {
   #controls = null;
   #width = 1;
   #height = 1;
-  #eye = new THREE.PerspectiveCamera();
+  #eye = new THREE.PerspectiveCamera(Camera.#fieldOfView);
   #perspectiveLens = new THREE.PerspectiveCamera(Camera.#fieldOfView);
   #parallelLens = new THREE.OrthographicCamera();
 
@@ -32,6 +32,12 @@ class Camera {
   // In pixels: as far from the eye as this, a unit of space is a pixel.
   get #focalLength() { return this.#height / 2 / Math.tan(THREE.Math.degToRad(Camera.#fieldOfView / 2)); }
 
+  // The controls move along the axes of the eye's matrix, which only renderers would keep up to date.
+  #follow() {
+    this.#controls.update();
+    this.#eye.updateMatrix();
+  }
+
   resize() {
     this.#width = Math.max(this.#stage.clientWidth, 1);
     this.#height = Math.max(this.#stage.clientHeight, 1);
@@ -52,7 +58,7 @@ class Camera {
     this.#controls.enableKeys = false;
     this.#controls.screenSpacePanning = true;
     this.#controls.target.copy(target);
-    this.#controls.update();
+    this.#follow();
   }
 
   // Looks so that all points are seen, and are as large as can be.
@@ -85,7 +91,7 @@ class Camera {
     const polar = THREE.Math.clamp(offset.angleTo(up) - upwards, 1e-5, Math.PI - 1e-5);
     offset.applyAxisAngle(right, polar - offset.angleTo(up)).applyAxisAngle(up, sideways);
     this.#eye.position.copy(this.target).add(offset);
-    this.#controls.update();
+    this.#follow();
   }
 
   // Moves along the picture plane, by pixels at the target.
@@ -94,14 +100,14 @@ class Camera {
       .divideScalar(this.pixelsPerUnit);
     this.target.add(step);
     this.#eye.position.add(step);
-    this.#controls.update();
+    this.#follow();
   }
 
   // Magnifies about a point of space, which stays where it is on the stage.
   zoom(factor, about) {
     for (const point of [this.target, this.#eye.position])
       point.sub(about).divideScalar(factor).add(about);
-    this.#controls.update();
+    this.#follow();
   }
 
   // What the renderer needs. Its lengths are pixels at the target: browsers sort what lies within a twentieth of one
@@ -115,6 +121,7 @@ class Camera {
       lens.aspect = this.#width / this.#height;
     }
     lens.updateProjectionMatrix();
+    this.#eye.updateMatrix();
     lens.position.copy(this.#eye.position);
     lens.quaternion.copy(this.#eye.quaternion);
     lens.scale.setScalar(1 / this.pixelsPerUnit);

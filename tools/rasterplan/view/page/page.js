@@ -98,7 +98,7 @@ function describe(picture) {
   answer(picture.name, [
     ["File", picture.path],
     ["Size", `${lengthText(picture.sideU.length())} × ${lengthText(picture.sideV.length())}`],
-    ["Pixels", picture.pixels.join(" × ")],
+    ["Pixels", picture.pixels.map((count) => Number(count.toFixed(3))).join(" × ")],
     ["Pixel size", Math.abs(u - v) < 1e-6 * u ? lengthText(u) : `${lengthText(u)} × ${lengthText(v)}`],
     ["Angle to the vertical", `${picture.angleToVertical.toFixed(2)}°`],
   ]);
