@@ -45,6 +45,7 @@ class Session:
     def __init__(self, program, chromium, options=(), without=()):
         self.folder = Path(tempfile.mkdtemp(prefix="view test ü "))
         self.chromium = chromium
+        self.browser = self.stage = None
         drawing = write_site(program, self.folder)
         for picture in without:
             (self.folder / picture.name).unlink()
