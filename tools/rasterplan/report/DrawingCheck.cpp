@@ -122,6 +122,11 @@ private:
         m_findings.push_back({kind, record.type, record.handle(), record.line, std::move(text)});
     }
 
+    // For what belongs to no record.
+    void add(FindingKind kind, std::size_t line, std::string text) {
+        m_findings.push_back({kind, {}, {}, line, std::move(text)});
+    }
+
     std::vector<const DxfRecord*> all(std::string_view type) const {
         std::vector<const DxfRecord*> found;
         for (const DxfRecord& record : m_records)
@@ -134,27 +139,18 @@ private:
         bool isMixedUp = false;
         for (const DxfFault& fault : m_faults) {
             if (fault.kind == DxfFaultKind::NoCode) {
-                m_findings.push_back({FindingKind::Damaged,
-                                      {},
-                                      {},
-                                      fault.line,
-                                      fault.text + "; a line is missing or too many before it, such as a "
-                                                   "line break inside of a text; write the drawing anew"});
+                add(FindingKind::Damaged, fault.line,
+                    fault.text +
+                        "; a line is missing or too many before it, such as a line break inside of a "
+                        "text; write the drawing anew");
             } else if (fault.kind == DxfFaultKind::CutShort) {
-                m_findings.push_back({FindingKind::CutShort,
-                                      {},
-                                      {},
-                                      fault.line,
-                                      fault.text +
-                                          ", so the drawing is cut short and programs refuse it; write "
-                                          "or copy it anew"});
+                add(FindingKind::CutShort, fault.line,
+                    fault.text +
+                        ", so the drawing is cut short and programs refuse it; write or copy it anew");
             } else if (fault.kind == DxfFaultKind::Misplaced && fault.line < m_lineBehind &&
                        !std::exchange(isMixedUp, true)) {
-                m_findings.push_back({FindingKind::Damaged,
-                                      {},
-                                      {},
-                                      fault.line,
-                                      fault.text + ", so programs refuse the drawing; write it anew"});
+                add(FindingKind::Damaged, fault.line,
+                    fault.text + ", so programs refuse the drawing; write it anew");
             }
         }
     }
@@ -176,14 +172,10 @@ private:
             return r.section == "OBJECTS" && r.type == "DICTIONARY";
         });
         if (root == m_records.end()) {
-            m_findings.push_back(
-                {FindingKind::NoImageDictionary,
-                 {},
-                 {},
-                 m_records.back().line,
-                 "the section OBJECTS is missing or has no root dictionary, which should lead to "
-                 "the image dictionary and so to the images' definitions; write the drawing with "
-                 "a program that knows images"});
+            add(FindingKind::NoImageDictionary, m_records.back().line,
+                "the section OBJECTS is missing or has no root dictionary, which should lead to the image "
+                "dictionary and so to the images' definitions; write the drawing with a program that knows "
+                "images");
             return;
         }
         for (const auto& [name, handle] : entriesOf(*root)) {
