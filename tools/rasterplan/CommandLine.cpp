@@ -70,7 +70,6 @@ struct OptionTexts {
     std::string angleTolerance;
     std::string distanceTolerance;
     bool json = false;
-    std::string drawing;
     std::string page;
     bool embed = false;
     bool view = false;

@@ -56,7 +56,7 @@ std::string listed(const std::vector<fs::path>& places) {
 
 // A file of these names should be one that readPixelSize reads; what others hold is not known here.
 bool shouldBeReadable(const fs::path& file) {
-    constexpr std::array<std::string_view, 3> readable = {".png", ".jpg", ".jpeg"};
+    constexpr std::array<std::string_view, 6> readable = {".png", ".jpg", ".jpeg", ".tif", ".tiff", ".bmp"};
     std::string extension = shownText(file.extension());
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
