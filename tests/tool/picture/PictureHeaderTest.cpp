@@ -273,6 +273,10 @@ TEST(PictureHeader, KeysOfAGeoTiffCount) {
     const GeoReference byPoint = geoOf({{1024, 1}, {1025, 2}});
     EXPECT_EQ(byPoint.transform.x, 999.75);
     EXPECT_EQ(byPoint.transform.y, 2000.25);
+    std::vector<TiffTag> tags = geoTags(1000, 2000, 0.5);
+    tags.push_back({34735, {1, 1, 0, 1, 1025, 34736, 1, 2}, {}}); // the 2 is a place in another tag
+    EXPECT_EQ(readPicture(writeFile(folder / "a.tif", tiffBytes({}, 17, 9, tags))).geo.value().transform.x,
+              1000.0);
     EXPECT_EQ(geoOf({{3076, 9001}}).unit, Meters);
     EXPECT_EQ(geoOf({{3076, 9002}}).unit, Feet);
     EXPECT_EQ(geoOf({{3076, 9003}}).unit, USSurveyFeet);
