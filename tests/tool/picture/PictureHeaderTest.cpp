@@ -207,7 +207,7 @@ TEST(PictureHeader, EndOfAJpegIsFoundFarFromBothEnds) {
     const TestFolder folder;
     std::string jpeg = readBytes(testData("grey-17x9.jpg"));
     const std::size_t end = jpeg.size() - 2;
-    for (const std::size_t filled : {4094U, 4095U, 4096U, 9000U}) {
+    for (std::size_t filled = 3996; filled <= 4096; ++filled) { // it is read in pieces of 4096
         std::string longer = jpeg;
         longer.insert(end, filled, ' ');
         EXPECT_FALSE(readPicture(writeFile(folder / "a.jpg", longer + "tail")).isCutShort) << filled;
