@@ -36,7 +36,7 @@ std::string suggestionText(std::string_view word, std::span<const std::string_vi
     std::size_t least = std::max<std::size_t>(word.size() / 3, 1) + 1;
     for (const std::string_view candidate : candidates) {
         const std::size_t distance = editDistance(small, inSmallLetters(candidate));
-        if (distance < least && distance < candidate.size()) {
+        if (distance < least) {
             least = distance;
             best = candidate;
         }
