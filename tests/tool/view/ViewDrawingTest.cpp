@@ -96,6 +96,20 @@ TEST(ViewDrawing, AFailedRunLeavesTheOldPage) {
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"site.dxf", "site.html"}));
 }
 
+#ifndef _WIN32
+TEST(ViewDrawing, APageThatDoesNotFitOnTheDiskIsDiscarded) {
+    const TestFolder folder;
+    writeSite(folder);
+    writeFile(folder / "site.html", "old");
+    ProgramSetting setting = afterShell("trap '' XFSZ; ulimit -f 100; ");
+    setting.workingFolder = folder.path();
+    const ProgramResult result = runProgram({"view", "site.dxf"}, setting);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(holds(result.err, "the page could not be written; the disk is probably full")) << result.err;
+    EXPECT_EQ(readBytes(folder / "site.html"), "old");
+}
+#endif
+
 TEST(ViewDrawing, FollowsAnExport) {
     const TestFolder folder;
     writeSite(folder);

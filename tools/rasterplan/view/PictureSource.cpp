@@ -95,9 +95,8 @@ std::string linkTo(const fs::path& file, const fs::path& pageFolder) {
     const fs::path relative = file.lexically_relative(pageFolder);
     if (!relative.empty())
         return addressText(bytesOf(relative));
-    const fs::path drive =
-        file.root_name(); // "D:" is written as it is, only files on another drive come here
-    return "file:///" + bytesOf(drive) + addressText(bytesOf(file).substr(bytesOf(drive).size()));
+    const std::string drive = bytesOf(file.root_name()); // only files on another drive come here
+    return "file://" + ('/' + drive) + addressText(bytesOf(file).substr(drive.size()));
 }
 
 std::string embedded(const fs::path& picture, std::string_view mediaType) {
