@@ -1,13 +1,14 @@
 #include "view/Page.h"
 
+#include "base/NumberText.h"
 #include "base/Vector.h"
 #include "view/PageParts.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <initializer_list>
 #include <string_view>
 
 namespace rasterplan_tool {
@@ -15,12 +16,20 @@ namespace {
 
 using Json = nlohmann::json;
 
-// Texts of the drawing must not end the element that holds them.
-std::string jsonText(const Json& json) {
-    std::string text = json.dump(-1, ' ', true, Json::error_handler_t::replace);
+// Texts of the drawing must not end the element that holds them. Only texts are made by the library: the
+// destructor of its arrays asks for memory.
+std::string jsonText(std::string_view value) {
+    std::string text = Json(value).dump(-1, ' ', true, Json::error_handler_t::replace);
     for (std::size_t at = text.find('<'); at != std::string::npos; at = text.find('<', at))
         text.replace(at, 1, "\\u003c");
     return text;
+}
+
+std::string jsonNumbers(std::initializer_list<double> numbers) {
+    std::string text;
+    for (const double number : numbers)
+        text += (text.empty() ? "[" : ",") + shortestText(number);
+    return text + ']';
 }
 
 std::string htmlText(std::string_view text) {
@@ -43,8 +52,8 @@ std::string htmlText(std::string_view text) {
     return escaped;
 }
 
-Json triple(const TripleDouble& a) {
-    return {a.x, a.y, a.z};
+std::string triple(const TripleDouble& a) {
+    return jsonNumbers({a.x, a.y, a.z});
 }
 
 std::string fileName(std::string_view path) {
@@ -79,34 +88,33 @@ int decimalsOf(const DrawingScene& scene) {
 void writeDrawing(std::ostream& page, const DrawingScene& scene,
                   const std::function<std::string(const ScenePicture&)>& source) {
     const TripleDouble origin = middleOf(scene);
-    Json lines = Json::array();
+    page << R"({"unit":)" << jsonText(scene.unit) << ",\n\"origin\":" << triple(origin)
+         << ",\n\"decimals\":" << decimalsOf(scene) << ",\n\"viewport\":";
+    if (scene.viewport) {
+        page << R"({"target":)" << triple(scene.viewport->target - origin) << R"(,"towards":)"
+             << triple(scene.viewport->towards) << R"(,"up":)" << triple(scene.viewport->up)
+             << R"(,"height":)" << shortestText(scene.viewport->height) << R"(,"ratio":)"
+             << shortestText(scene.viewport->ratio) << '}';
+    } else {
+        page << "null";
+    }
+    page << ",\n\"lines\":[";
+    const char* separator = "\n";
     for (const SceneLine& line : scene.lines) {
         const TripleDouble start = line.start - origin;
         const TripleDouble end = line.end - origin;
-        lines.push_back({start.x, start.y, start.z, end.x, end.y, end.z});
+        page << separator << jsonNumbers({start.x, start.y, start.z, end.x, end.y, end.z});
+        separator = ",\n";
     }
-    Json viewport;
-    if (scene.viewport) {
-        viewport = {{"target", triple(scene.viewport->target - origin)},
-                    {"towards", triple(scene.viewport->towards)},
-                    {"up", triple(scene.viewport->up)},
-                    {"height", scene.viewport->height},
-                    {"ratio", scene.viewport->ratio}};
-    }
-    page << R"({"unit": )" << jsonText(scene.unit) << ",\n\"origin\": " << jsonText(triple(origin))
-         << ",\n\"decimals\": " << decimalsOf(scene) << ",\n\"viewport\": " << jsonText(viewport)
-         << ",\n\"lines\": " << jsonText(lines) << ",\n\"pictures\": [";
-    const char* separator = "\n";
-    for (const ScenePicture& picture : scene.pictures) { // one at a time: embedded ones are large
-        page << separator
-             << jsonText({{"name", fileName(picture.path)},
-                          {"path", picture.path},
-                          {"source", source(picture)},
-                          {"at", triple(picture.leftBottom - origin)},
-                          {"u", triple(picture.pixelU)},
-                          {"v", triple(picture.pixelV)},
-                          {"pixels", {picture.pixelsAcross, picture.pixelsUpright}},
-                          {"isShown", picture.isShown}});
+    page << "],\n\"pictures\":[";
+    separator = "\n";
+    for (const ScenePicture& picture : scene.pictures) {
+        page << separator << R"({"name":)" << jsonText(fileName(picture.path)) << R"(,"path":)"
+             << jsonText(picture.path) << R"(,"source":)" << jsonText(source(picture)) << R"(,"at":)"
+             << triple(picture.leftBottom - origin) << R"(,"u":)" << triple(picture.pixelU) << R"(,"v":)"
+             << triple(picture.pixelV) << R"(,"pixels":)"
+             << jsonNumbers({picture.pixelsAcross, picture.pixelsUpright}) << R"(,"isShown":)"
+             << (picture.isShown ? "true" : "false") << '}';
         separator = ",\n";
     }
     page << "]}";
