@@ -9,7 +9,8 @@ function(rasterplanwriter_warnings target)
   endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # It takes the standard library's own copying of short texts for an overrun.
-    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overread -Wno-stringop-overflow)
+    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overread
+                                             -Wno-stringop-overflow)
   endif()
   set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ${RASTERPLANWRITER_WARNINGS_AS_ERRORS})
 endfunction()

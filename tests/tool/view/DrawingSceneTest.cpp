@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-namespace fs = std::filesystem;
-
 namespace rasterplan_tool {
 namespace {
 
