@@ -71,9 +71,11 @@ void demandReport(const Site& site, Console& console) {
     const std::vector<ImageParam> images = makeImages(site, paths);
     RasterPlanWriter drawing;
     addImages(drawing, manifest, images);
-    checkManifest(manifest, console);
+    Notices notices;
+    checkManifest(manifest, notices);
     const Plane plane = proposePlane(drawing);
-    checkPlane(manifest, plane, images, {}, console);
+    checkPlane(manifest, plane, images, {}, notices);
+    notices.tell(console);
 
     std::ostringstream table;
     printPlane(table, manifest, plane, images);

@@ -52,6 +52,25 @@ TEST(CommandLine, PathForms) {
     EXPECT_EQ(parsedWrite({"2d", "--paths", "as-given", "s", "o"}).pathForm, PathForm::AsGiven);
 }
 
+TEST(CommandLine, Warnings) {
+    for (const Arguments& command :
+         {Arguments{"3d", "s", "o"}, Arguments{"2d", "s", "o"}, Arguments{"plane", "s"},
+          Arguments{"corners", "s"}, Arguments{"view", "d"}}) {
+        const auto with = [&](const Arguments& options) {
+            Arguments arguments = command;
+            arguments.insert(arguments.end(), options.begin(), options.end());
+            return parseCommandLine(arguments);
+        };
+        EXPECT_EQ(with({}).verbosity, Verbosity::Normal);
+        EXPECT_FALSE(with({}).isStrict);
+        EXPECT_EQ(with({"--quiet"}).verbosity, Verbosity::Quiet);
+        EXPECT_EQ(with({"--verbose", "--strict"}).verbosity, Verbosity::Verbose);
+        EXPECT_TRUE(with({"--quiet", "--strict"}).isStrict);
+    }
+    EXPECT_EQ(failureOf(with2d({"--quiet", "--verbose"})),
+              "--quiet and --verbose contradict each other; give one of them");
+}
+
 TEST(CommandLine, Write2dInTheProposedPlane) {
     const WriteDrawing line = parsedWrite({"2d", "s", "o"});
     EXPECT_TRUE(line.flattened);

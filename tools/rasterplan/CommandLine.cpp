@@ -54,7 +54,8 @@ well. The units:
            R"(
 
 Exit status: 0 done, perhaps with warnings; 1 the drawing could not be written,
-or check found something wrong; 2 wrong command line, SITE.json or DRAWING.dxf.
+check found something wrong, or --strict met a warning; 2 wrong command line,
+SITE.json or DRAWING.dxf.
 A run that fails or is interrupted leaves an existing OUT.dxf as it was.)";
 }
 
@@ -73,6 +74,9 @@ struct OptionTexts {
     std::string page;
     bool embed = false;
     bool view = false;
+    bool quiet = false;
+    bool verbose = false;
+    bool strict = false;
 };
 
 struct PathFormName {
@@ -188,6 +192,22 @@ void addPlane(CLI::App& command, OptionTexts& texts) {
         ->type_name("LENGTH");
 }
 
+void addWarnings(CLI::App& command, OptionTexts& texts) {
+    command.add_flag("--quiet", texts.quiet, "Print no warnings and no notes");
+    command.add_flag("--verbose", texts.verbose,
+                     "Print every single warning, where otherwise one line\nstands for many alike");
+    command.add_flag("--strict", texts.strict,
+                     "Fail (exit status 1) where there is a warning; nothing\nis written then");
+}
+
+Verbosity verbosityOf(const OptionTexts& texts) {
+    if (texts.quiet && texts.verbose)
+        throw BadInput("--quiet and --verbose contradict each other; give one of them");
+    if (texts.quiet)
+        return Verbosity::Quiet;
+    return texts.verbose ? Verbosity::Verbose : Verbosity::Normal;
+}
+
 struct Subcommand {
     CLI::App* app;
     Command (*command)(const OptionTexts& texts);
@@ -197,6 +217,7 @@ CLI::App* addWrite3d(CLI::App& app, OptionTexts& texts) {
     CLI::App* const command = app.add_subcommand("3d", "Write every image where it lies in space");
     addSite(*command, texts);
     addOutput(*command, texts);
+    addWarnings(*command, texts);
     return command;
 }
 
@@ -205,6 +226,7 @@ CLI::App* addWrite2d(CLI::App& app, OptionTexts& texts) {
     addSite(*command, texts);
     addOutput(*command, texts);
     addPlane(*command, texts);
+    addWarnings(*command, texts);
     return command;
 }
 
@@ -213,6 +235,7 @@ CLI::App* addShowPlane(CLI::App& app, OptionTexts& texts) {
         app.add_subcommand("plane", "Propose a plane and show how the images lie to it");
     addSite(*command, texts);
     command->add_flag("--json", texts.json, "As JSON, with numbers that read back exactly");
+    addWarnings(*command, texts);
     return command;
 }
 
@@ -227,6 +250,7 @@ CLI::App* addShowCorners(CLI::App& app, OptionTexts& texts) {
     CLI::App* const command =
         app.add_subcommand("corners", "Print SITE.json with every image as its three corners");
     addSite(*command, texts);
+    addWarnings(*command, texts);
     return command;
 }
 
@@ -235,6 +259,7 @@ CLI::App* addView(CLI::App& app, OptionTexts& texts) {
     command->add_option("DRAWING.dxf", texts.drawing, "The drawing to look at, of any program")->required();
     command->add_option("PAGE.html", texts.page, "The page to write (default DRAWING.html)");
     command->add_flag("--embed", texts.embed, "Put the pictures into the page, which can go\nanywhere then");
+    addWarnings(*command, texts);
     return command;
 }
 
@@ -308,7 +333,7 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
         std::ostringstream answer;
         std::ostringstream complaint;
         if (app.exit(error, answer, complaint) == 0)
-            return {std::nullopt, answer.str()};
+            return {std::nullopt, answer.str(), Verbosity::Normal, false};
         std::string text = error.what();
         if (app.get_subcommands().empty()) {
             text =
@@ -320,7 +345,7 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
 
     const auto given = std::find_if(commands.begin(), commands.end(),
                                     [](const Subcommand& row) { return row.app->parsed(); });
-    return {given->command(texts), {}};
+    return {given->command(texts), {}, verbosityOf(texts), texts.strict};
 }
 
 } // namespace rasterplan_tool

@@ -20,6 +20,8 @@ using Command = std::variant<WriteDrawing, ShowPlane, ShowCorners, ViewDrawing, 
 struct CommandLineResult {
     std::optional<Command> command;
     std::string answer;
+    Verbosity verbosity = Verbosity::Normal;
+    bool isStrict = false; ///< Warnings make the run fail.
 };
 
 /// Understands the arguments (UTF-8, without the program's name). Throws BadInput.

@@ -19,6 +19,8 @@ void obey(const ArgumentReader& readArguments, Console& console, const MemoryWat
         console.flush();
         return;
     }
+    console.verbosity = parsed.verbosity;
+    console.isStrict = parsed.isStrict;
     std::visit([&](const auto& command) { execute(command, console, memory); }, *parsed.command);
 }
 

@@ -39,4 +39,11 @@ TEST(NumberText, FixedZeroHasNoSign) {
     EXPECT_EQ(fixedText(-1e-6, 6), "-0.000001");
 }
 
+TEST(NumberText, RangesNameNumbersThatFollowEachOther) {
+    EXPECT_EQ(rangesText({}), "");
+    EXPECT_EQ(rangesText({7}), "7");
+    EXPECT_EQ(rangesText({1, 2}), "1, 2");
+    EXPECT_EQ(rangesText({1, 2, 3, 5, 7, 8, 9, 10}), "1-3, 5, 7-10");
+}
+
 } // namespace rasterplan_tool

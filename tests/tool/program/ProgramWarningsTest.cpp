@@ -68,6 +68,31 @@ TEST_F(ProgramWarnings, PixelCount) {
     }
 }
 
+TEST_F(ProgramWarnings, StrictRunsFailAndLeaveTheOldDrawing) {
+    const std::string site = siteText({imageText("a.png"), imageText("nö.png", 1.0)});
+    EXPECT_EQ(linesOf(warnings("3d", site, {"--quiet"})), 0U);
+    writeFile(m_folder / "out.dxf", "old");
+    for (const char* command : {"3d", "2d"}) {
+        const ProgramResult result = runProgram({command, at("SITE.json"), at("out.dxf"), "--strict"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find("there is no such file"), std::string::npos) << result.err;
+        EXPECT_NE(result.err.find("\nrasterplan: error: 1 warning, which --strict"), std::string::npos)
+            << result.err;
+        EXPECT_EQ(readBytes(m_folder / "out.dxf"), "old");
+    }
+    EXPECT_EQ(warnings("3d", siteText({imageText("a.png")}), {"--strict"}), "");
+}
+
+TEST_F(ProgramWarnings, StrictViewsFailAndLeaveTheOldPage) {
+    warnings("3d", siteText({imageText("nö.png")}));
+    writeFile(m_folder / "out.html", "old");
+    const ProgramResult result = runProgram({"view", at("out.dxf"), "--strict"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(readBytes(m_folder / "out.html"), "old");
+    EXPECT_EQ(runProgram({"view", at("out.dxf"), "--quiet"}).err, "");
+}
+
 TEST_F(ProgramWarnings, MixedUnits) {
     std::string site = siteText({imageText("a.png"), imageText("b.png", 1.0)});
     site.insert(site.find("\"path\": \"b.png\""), "\"unit\": \"Inches\", ");

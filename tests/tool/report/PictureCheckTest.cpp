@@ -26,8 +26,10 @@ protected:
         std::ostringstream out;
         std::ostringstream err;
         Console console{out, err};
-        checkManifest(read.manifest, console);
-        checkPictures(read, makeImages(read, drawingPaths(read.manifest, PathForm::AsGiven, {})), console);
+        Notices notices;
+        checkManifest(read.manifest, notices);
+        checkPictures(read, makeImages(read, drawingPaths(read.manifest, PathForm::AsGiven, {})), notices);
+        notices.tell(console);
         EXPECT_EQ(out.str(), "");
         return err.str();
     }
@@ -92,6 +94,28 @@ TEST_F(PictureCheck, SameFileNameIsNamedWhateverFolderAndCase) {
               place(4, 3, "x/A.PNG") +
                   "image 1 has the same file name, and the drawing lists its pictures by file "
                   "name; rename one of the files\n");
+}
+
+TEST_F(PictureCheck, OneFileOfSeveralImagesIsOneWarning) {
+    EXPECT_EQ(
+        warnings(siteText({imageText("b.jpg"), imageText("a.png"), imageText("./a.png", 1.0),
+                           imageText("a.png", 2.0), imageText("x/../a.png", 3.0)})),
+        "rasterplan: warning: " + utf8FromPath(m_folder / "SITE.json") + ":3: images 2-5 show one file, " +
+            quoted(m_folder / "a.png") +
+            "; a drawing lists its pictures by file name, so CAD programs list it once, and some show it "
+            "in one of these places only; give each image a copy of the file under a name of its own\n");
+}
+
+TEST_F(PictureCheck, ManyAlikeAreOneLine) {
+    std::vector<std::string> images;
+    for (int i = 1; i <= 40; ++i)
+        images.push_back(imageText("no" + std::to_string(i) + ".png", i));
+    EXPECT_EQ(
+        warnings(siteText(images)),
+        "rasterplan: warning: " + utf8FromPath(m_folder / "SITE.json") +
+            R"(:2: image 1 ("no1.png"), image 2 ("no2.png"), image 3 ("no3.png") and 37 more (40 in all))" +
+            ": there is no such file, so neither its pixel count nor whether it is whole was checked; "
+            "correct the path; --verbose tells of each\n");
 }
 
 TEST_F(PictureCheck, EveryFormatIsChecked) {

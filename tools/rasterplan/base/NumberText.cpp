@@ -39,4 +39,18 @@ std::string fixedText(double number, int digits) {
     return std::string(isZero && whole.front() == '-' ? whole.substr(1) : whole);
 }
 
+std::string rangesText(const std::vector<std::size_t>& numbers) {
+    std::string text;
+    for (std::size_t first = 0; first < numbers.size();) {
+        std::size_t last = first;
+        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1)
+            ++last;
+        text += (text.empty() ? "" : ", ") + std::to_string(numbers[first]);
+        if (last > first)
+            text += (last > first + 1 ? "-" : ", ") + std::to_string(numbers[last]);
+        first = last + 1;
+    }
+    return text;
+}
+
 } // namespace rasterplan_tool

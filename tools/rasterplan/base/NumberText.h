@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace rasterplan_tool {
 
@@ -23,5 +25,8 @@ std::string roundedText(double number, int digits);
 /// The number with `digits` digits after the point; what rounds to zero has no sign. Does not depend on the
 /// locale.
 std::string fixedText(double number, int digits);
+
+/// Numbers in ascending order, those that follow each other as a range: "1-3, 7".
+std::string rangesText(const std::vector<std::size_t>& numbers);
 
 } // namespace rasterplan_tool

@@ -49,7 +49,9 @@ void execute(const ShowCorners& command, Console& console, const MemoryWatch& me
     const Site site = readSite(command.site, PicturesToRead::Needed);
     RasterPlanWriter drawing;
     addImages(drawing, site.manifest, makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {})));
-    checkManifest(site.manifest, console);
+    Notices notices;
+    checkManifest(site.manifest, notices);
+    notices.tell(console);
     std::ostringstream report; // all of it or nothing
     print(report, site);
     memory.require();

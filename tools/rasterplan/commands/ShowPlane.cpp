@@ -15,7 +15,9 @@ void execute(const ShowPlane& command, Console& console, const MemoryWatch& memo
         makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {}));
     RasterPlanWriter drawing;
     addImages(drawing, site.manifest, images);
-    checkManifest(site.manifest, console);
+    Notices notices;
+    checkManifest(site.manifest, notices);
+    notices.tell(console);
     std::ostringstream report; // all of it or nothing
     (command.json ? printPlaneAsJson : printPlane)(report, site.manifest, proposePlane(drawing), images);
     memory.require();

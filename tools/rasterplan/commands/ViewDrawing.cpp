@@ -1,6 +1,7 @@
 #include "commands/ViewDrawing.h"
 
 #include "base/Failure.h"
+#include "base/Notices.h"
 #include "base/PathText.h"
 #include "base/VisibleText.h"
 #include "drawing/PendingFile.h"
@@ -31,11 +32,11 @@ bool isSameFile(const fs::path& a, const fs::path& b) {
 // Finds the pictures of a drawing for a page and warns of those that it cannot show.
 class PictureSources {
 public:
-    PictureSources(const ViewDrawing& command, const fs::path& page, Console& console)
+    PictureSources(const ViewDrawing& command, const fs::path& page, Notices& notices)
         : m_drawingFolder(fs::weakly_canonical(fs::absolute(command.drawing).parent_path()))
         , m_page(page)
         , m_embed(command.embed)
-        , m_console(console) {}
+        , m_notices(notices) {}
 
     // A missing picture keeps its name, so that the page shows it once it is there.
     std::string operator()(const ScenePicture& picture) {
@@ -61,13 +62,13 @@ public:
 
 private:
     void warn(const ScenePicture& picture, const std::string& text) {
-        m_console.warning('"' + visible(picture.path) + "\": " + text);
+        m_notices.warn({{}, '"' + visible(picture.path) + '"'}, text, text);
     }
 
     fs::path m_drawingFolder;
     fs::path m_page;
     bool m_embed;
-    Console& m_console;
+    Notices& m_notices;
 };
 
 } // namespace
@@ -87,8 +88,9 @@ void execute(const ViewDrawing& command, Console& console, const MemoryWatch& me
     std::ofstream page(pending.temporary(), std::ios::binary);
     if (!page.is_open())
         throwIfExhausted(errno);
+    Notices notices;
     writePage(page, shownText(command.drawing.filename()), scene,
-              PictureSources(command, pending.destination(), console));
+              PictureSources(command, pending.destination(), notices));
     page.close();
     memory.require();
     if (!page) {
@@ -96,6 +98,7 @@ void execute(const ViewDrawing& command, Console& console, const MemoryWatch& me
             quoted(pending.destination()) +
             ": the page could not be written; the disk is probably full: make room and try again");
     }
+    notices.tell(console);
     // Printed first: where that fails, the run has failed and the old page stays.
     console.out << shownText(pending.destination()) + ": " + std::to_string(scene.pictures.size()) +
                        (scene.pictures.size() == 1 ? " picture" : " pictures") + "; open it with a browser\n";

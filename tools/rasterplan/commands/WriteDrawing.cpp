@@ -103,14 +103,16 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
         makeImages(site, drawingPaths(manifest, command.pathForm, pending.destination().parent_path()));
     RasterPlanWriter drawing(wideFromPath(pending.temporary()).c_str());
     addImages(drawing, manifest, images);
-    checkManifest(manifest, console);
-    checkPictures(site, images, console);
+    Notices notices;
+    checkManifest(manifest, notices);
+    checkPictures(site, images, notices);
 
     std::optional<Plane> plane;
     if (command.flattened) {
         plane = command.plane ? *command.plane : proposePlane(drawing);
-        checkPlane(manifest, *plane, images, toleranceOf(command, images.back()), console);
+        checkPlane(manifest, *plane, images, toleranceOf(command, images.back()), notices);
     }
+    notices.tell(console);
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
     if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
         throw ExportFailed(

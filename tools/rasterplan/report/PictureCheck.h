@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Console.h"
+#include "base/Notices.h"
 #include "site/Site.h"
 
 #include <RasterPlanWriter/ImageParam.h>
@@ -11,9 +11,10 @@ namespace rasterplan_tool {
 /// format; of every one whose pixel count is off by more than half a pixel from pixels per unit times width
 /// or height, since CAD programs show it too small or too large in its frame; and of every path too long for
 /// a drawing. `images` are the site's images in order. Pictures that were not read are passed over.
-void checkPictures(const Site& site, const std::vector<ImageParam>& images, Console& console);
+void checkPictures(const Site& site, const std::vector<ImageParam>& images, Notices& notices);
 
-/// Warns of pictures that share a file name, and notes which images are converted into the site's unit.
-void checkManifest(const Manifest& manifest, Console& console);
+/// Warns of pictures that share a file name and of files that several images show, and notes which images are
+/// converted into the site's unit.
+void checkManifest(const Manifest& manifest, Notices& notices);
 
 } // namespace rasterplan_tool

@@ -100,11 +100,11 @@ void printPlaneAsJson(std::ostream& out, const Manifest& manifest, const Plane& 
 }
 
 void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<ImageParam>& images,
-                const Tolerance& tolerance, Console& console) {
+                const Tolerance& tolerance, Notices& notices) {
     const double axisAngle = angleDegrees(plane.xAxis, plane.yAxis);
     if (std::abs(axisAngle - 90.0) > tolerance.angleDegrees) {
-        console.warning("the plane's axes are at " + fixedText(axisAngle, 3) +
-                        " degrees to each other instead of 90, so the drawing comes out sheared");
+        notices.warn("the plane's axes are at " + fixedText(axisAngle, 3) +
+                     " degrees to each other instead of 90, so the drawing comes out sheared");
     }
     for (std::size_t i = 0; i < images.size(); ++i) {
         const Deviation deviation = deviationFrom(plane, images[i]);
@@ -120,8 +120,8 @@ void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<
                              " degrees, so that the frame lines do not lie on the picture");
         }
         if (!text.empty()) {
-            console.warning(manifest.where(i) + ": the image does not lie in the reference plane: " + text +
-                            "; it is written all the same");
+            notices.warn(manifest.where(i) + ": the image does not lie in the reference plane: " + text +
+                         "; it is written all the same");
         }
     }
 }

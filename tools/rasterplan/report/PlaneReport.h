@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Console.h"
+#include "base/Notices.h"
 #include "report/Plane.h"
 #include "site/Manifest.h"
 
@@ -22,6 +22,6 @@ void printPlaneAsJson(std::ostream& out, const Manifest& manifest, const Plane& 
 /// Warns of every image that deviates from the plane by more than the tolerance, and of axes that are not at
 /// a right angle.
 void checkPlane(const Manifest& manifest, const Plane& plane, const std::vector<ImageParam>& images,
-                const Tolerance& tolerance, Console& console);
+                const Tolerance& tolerance, Notices& notices);
 
 } // namespace rasterplan_tool

@@ -51,9 +51,14 @@ std::string readFile(const fs::path& file) {
 } // namespace
 
 std::string Manifest::where(std::size_t index) const {
+    const Subject image = subject(index);
+    return image.place + ": " + image.name;
+}
+
+Subject Manifest::subject(std::size_t index) const {
     const ManifestImage& image = images[index];
-    return placeText(file, image.line) + ": image " + std::to_string(index + 1) + " (\"" +
-           visible(image.name.empty() ? image.path : image.name) + "\")";
+    return {placeText(file, image.line), "image " + std::to_string(index + 1) + " (\"" +
+                                             visible(image.name.empty() ? image.path : image.name) + "\")"};
 }
 
 fs::path Manifest::pictureFile(std::size_t index) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Notices.h"
 #include "site/ImagePlace.h"
 
 #include <RasterPlanWriter/DrawingUnit.h>
@@ -30,6 +31,9 @@ struct Manifest {
     /// Where an image stands, to begin a message with: `SITE.json:12: image 3 ("south.png")`, with its name
     /// where it has one.
     std::string where(std::size_t index) const;
+
+    /// The same in two parts, as a warning names an image.
+    Subject subject(std::size_t index) const;
 
     /// The picture's file, as fileBeside.
     std::filesystem::path pictureFile(std::size_t index) const;
