@@ -85,7 +85,7 @@ void demandReport(const Site& site, Console& console) {
     printPlaneAsJson(json, manifest, plane, images);
     const JsonValue report = parseJson(json.view());
     const auto* const members = report.as<JsonValue::Object>();
-    demand(members != nullptr && members->size() == 5, "a report without its members");
+    demand(members != nullptr && members->size() == 6, "a report without its members");
     const auto* const list = members->back().value.as<JsonValue::Array>();
     demand(list != nullptr && list->size() == images.size(), "a report without its images");
     for (std::size_t i = 0; i < list->size(); ++i) {

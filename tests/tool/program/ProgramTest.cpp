@@ -139,14 +139,16 @@ TEST_F(Program, PlaneIsProposedAsATable) {
               "\n"
               "The same for rasterplan 2d:\n"
               "\n"
-              "  --origin=0,0,0 --x-axis=1,0,0 --y-axis=-0,0,1\n"
+              "  --origin=0,0,0 --x-axis=1,0,0 --y-axis=0,0,1\n"
               "\n"
-              "Distance of each image's furthest corner from the plane; angle out of the plane and turn "
-              "in it, in degrees:\n"
+              "How each image lies to it: distance of its furthest corner, angle out of the plane and\n"
+              "turn in it in degrees, and how far its frame lies beside the picture:\n"
               "\n"
-              "image  distance   angle    turn  picture\n"
-              "    1  0.000000  0.0000  0.0000  bilder/süd.png\n"
-              "    2  0.000000  0.0000  0.0000  bilder/b.jpg\n");
+              "image  distance   angle    turn     frame  picture\n"
+              "    1  0.000000  0.0000  0.0000  0.000000  bilder/süd.png\n"
+              "    2  0.000000  0.0000  0.0000  0.000000  bilder/b.jpg\n"
+              "\n"
+              "One plane suits all 2 images. y reads as height.\n");
 }
 
 TEST_F(Program, PlaneTouchesNoFile) {

@@ -109,10 +109,10 @@ TEST_F(ProgramWarnings, ImagesAwayFromTheReferencePlaneAreNamed) {
     const std::string site =
         siteText({imageText("a.png"), imageText("b.png", 1.0, 0.09), imageText("c.png", 2.0, 0.2)});
     const std::string warning = warnings("2d", site, plane);
-    EXPECT_NE(warning.find(
-                  ":4: image 3 (\"c.png\"): the image does not lie in the reference plane: the distance is "
-                  "-0.200000 Meters; it is written all the same"),
-              std::string::npos)
+    EXPECT_NE(
+        warning.find(":4: image 3 (\"c.png\"): the image does not fit the reference plane: the distance is "
+                     "-0.200000 Meters; write it in 3D or into a plane of its own\n"),
+        std::string::npos)
         << warning;
     EXPECT_EQ(linesOf(warning), 1U) << warning;
 
@@ -138,15 +138,14 @@ TEST_F(ProgramWarnings, ImagesTurnedOutOfThePlaneOrInItAreNamed) {
 "rightBottom": [0.136,0,0.102], "pixelsPerUnit": 100})";
     const std::string warning = warnings("2d", siteText({imageText("a.png"), oblique, turned}),
                                          {"--origin=0,0,0", "--x-axis=1,0,0", "--y-axis=0,0,1"});
-    EXPECT_NE(
-        warning.find(
-            "image 2 (\"b.png\"): the image does not lie in the reference plane: the angle out of it is "
-            "36.870 degrees, the distance is -0.102000 Meters;"),
-        std::string::npos)
+    EXPECT_NE(warning.find(
+                  "image 2 (\"b.png\"): the image does not fit the reference plane: the angle out of it is "
+                  "36.870 degrees, the distance is -0.102000 Meters;"),
+              std::string::npos)
         << warning;
     EXPECT_NE(
-        warning.find("image 3 (\"c.png\"): the image does not lie in the reference plane: the turn in it is "
-                     "36.870 degrees, so that the frame lines do not lie on the picture;"),
+        warning.find("image 3 (\"c.png\"): the image does not fit the reference plane: the turn in it is "
+                     "36.870 degrees, the frame lies beside the picture by 0.102000 Meters (10.2 pixels);"),
         std::string::npos)
         << warning;
     EXPECT_EQ(linesOf(warning), 2U);
@@ -167,6 +166,10 @@ TEST_F(ProgramWarnings, PlaneAsJsonHoldsExactNumbers) {
     ASSERT_EQ(result.status, 0) << result.err;
     const nlohmann::json plane = nlohmann::json::parse(result.out);
     EXPECT_EQ(plane["unit"], "Meters");
+    EXPECT_EQ(
+        plane["verdict"],
+        "One plane suits none of these images; write them in 3D, or those of each facade by themselves. "
+        "y reads as height.");
     ASSERT_EQ(plane["images"].size(), 2U);
     EXPECT_EQ(plane["images"][1]["image"], 2);
     EXPECT_EQ(plane["images"][1]["path"], "süd.png");
@@ -174,6 +177,9 @@ TEST_F(ProgramWarnings, PlaneAsJsonHoldsExactNumbers) {
     for (const auto& image : plane["images"]) {
         EXPECT_NEAR(image["angleDegrees"].get<double>(), half, 1e-9);
         EXPECT_NEAR(image["turnDegrees"].get<double>(), 0.0, 1e-9);
+        EXPECT_EQ(image["frameDisplacement"], 0.0);
+        EXPECT_EQ(image["heightError"], 0.0);
+        EXPECT_EQ(image["suits"], false);
     }
     const auto asOption = [](const nlohmann::json& triple) {
         return shortestText(triple[0]) + ',' + shortestText(triple[1]) + ',' + shortestText(triple[2]);

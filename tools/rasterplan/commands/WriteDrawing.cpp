@@ -22,9 +22,6 @@ namespace fs = std::filesystem;
 namespace rasterplan_tool {
 namespace {
 
-constexpr double defaultAngleTolerance = 1.0;
-constexpr double defaultDistanceToleranceInMillimeters = 100.0;
-
 fs::path withoutLinks(const fs::path& path) {
     std::error_code error;
     const fs::path real = fs::weakly_canonical(path, error);
@@ -56,10 +53,10 @@ void refuseToReplaceInput(const fs::path& destination, const Site& site) {
     }
 }
 
-Tolerance toleranceOf(const WriteDrawing& command, const ImageParam& image) {
-    const double millimetersPerUnit = image.getSizeInMillimeterOfDrawingUnit(image.getDrawingUnit());
-    return {command.distanceTolerance.value_or(defaultDistanceToleranceInMillimeters / millimetersPerUnit),
-            command.angleTolerance.value_or(defaultAngleTolerance)};
+Tolerance toleranceOf(const WriteDrawing& command, DrawingUnit unit) {
+    const Tolerance usual = defaultTolerance(unit);
+    return {command.distanceTolerance.value_or(usual.distance),
+            command.angleTolerance.value_or(usual.angleDegrees)};
 }
 
 // What the library throws here it throws before anything is opened.
@@ -110,7 +107,7 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
     std::optional<Plane> plane;
     if (command.flattened) {
         plane = command.plane ? *command.plane : proposePlane(drawing);
-        checkPlane(manifest, *plane, images, toleranceOf(command, images.back()), notices);
+        checkPlane(manifest, *plane, images, toleranceOf(command, manifest.unit), notices);
     }
     notices.tell(console);
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);

@@ -2,27 +2,65 @@
 
 #include "base/Vector.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
 namespace rasterplan_tool {
 
+namespace {
+
+double larger(double a, double b) {
+    return std::abs(b) > std::abs(a) ? b : a;
+}
+
+// Of the turn that is left once the image is tilted into the plane the shortest way.
+double turnOf(const TripleDouble& u, const TripleDouble& v, const TripleDouble& x, const TripleDouble& y) {
+    constexpr double degreesPerRadian = 57.295779513082320877;
+    return std::atan2(dot(u, y) - dot(v, x), dot(u, x) + dot(v, y)) * degreesPerRadian + 0.0; // no -0
+}
+
+} // namespace
+
+bool Deviation::isMirrored() const {
+    constexpr double edgeOn = 90.001;
+    return angleDegrees > edgeOn;
+}
+
+Tolerance defaultTolerance(DrawingUnit unit) {
+    constexpr double millimeters = 100.0;
+    return {millimeters / ImageParam().getSizeInMillimeterOfDrawingUnit(unit), 1.0};
+}
+
+bool isVisible(double length, const ImageParam& image) {
+    constexpr double pixels = 0.5;
+    return std::abs(length) * image.getNumPixelPerUnit() > pixels;
+}
+
 Deviation deviationFrom(const Plane& plane, const ImageParam& image) {
+    const TripleDouble x = direction(plane.xAxis);
     const TripleDouble y = direction(plane.yAxis);
-    const TripleDouble normal = direction(cross(direction(plane.xAxis), y));
-    const TripleDouble leftBottom = image.getLeftBottomCorner();
-    const TripleDouble alongBottom = image.getImgWidth() * image.getImgUVector();
-    const TripleDouble alongLeft = image.getImgHeight() * image.getImgVVector();
+    const TripleDouble normal = direction(cross(x, y));
+    const TripleDouble acrossX = cross(normal, x); // y itself, but where the axes are oblique
+    const TripleDouble u = image.getImgUVector();
+    const TripleDouble v = image.getImgVVector();
+    const TripleDouble leftBottom = image.getLeftBottomCorner() - plane.origin;
+    const TripleDouble alongBottom = image.getImgWidth() * u;
+    const TripleDouble alongLeft = image.getImgHeight() * v;
 
     Deviation deviation;
     for (const TripleDouble& fromLeftBottom :
          {TripleDouble(), alongBottom, alongLeft, alongBottom + alongLeft}) {
-        const double distance = dot((leftBottom - plane.origin) + fromLeftBottom, normal);
-        if (std::abs(distance) > std::abs(deviation.distance))
-            deviation.distance = distance;
+        const TripleDouble corner = leftBottom + fromLeftBottom;
+        deviation.distance = larger(deviation.distance, dot(corner, normal));
+        const double pictureY = dot(corner, acrossX) / dot(y, acrossX);
+        // The library measures the x of a frame along the plane's axis, but its y along the image's own V.
+        const double frameY = dot(corner, v);
+        deviation.frameDisplacement = std::max(deviation.frameDisplacement, std::abs(frameY - pictureY));
+        deviation.heightError = std::max(deviation.heightError, std::abs(pictureY - corner.z));
     }
     deviation.angleDegrees = angleDegrees(image.getViewDir(), normal);
-    deviation.turnDegrees = angleDegrees(image.getImgVVector(), y);
+    deviation.turnDegrees = turnOf(deviation.isMirrored() ? -1.0 * u : u, v, cross(y, normal), y);
     return deviation;
 }
 

@@ -100,6 +100,8 @@ Plane proposePlane(const RasterPlanWriter& drawing) {
         throw ExportFailed(std::string(writeResultText(result)));
     if (result == RasterPlanWriter::InvalidGeometry || !spansPlane(plane))
         throw BadInput(std::string(noPlaneText));
+    for (TripleDouble* const triple : {&plane.origin, &plane.xAxis, &plane.yAxis})
+        *triple = *triple + TripleDouble(); // -0 is shown to nobody
     return plane;
 }
 
