@@ -106,6 +106,12 @@ TEST_F(PictureCheck, OneFileOfSeveralImagesIsOneWarning) {
             "in one of these places only; give each image a copy of the file under a name of its own\n");
 }
 
+TEST_F(PictureCheck, SharedFilesAreNamedInTheOrderOfTheSite) {
+    const std::string text = warnings(
+        siteText({imageText("b.jpg"), imageText("a.png"), imageText("a.png", 1.0), imageText("b.jpg", 1.0)}));
+    EXPECT_LT(text.find("images 1, 4 show one file"), text.find("images 2, 3 show one file")) << text;
+}
+
 TEST_F(PictureCheck, ManyAlikeAreOneLine) {
     std::vector<std::string> images;
     for (int i = 1; i <= 40; ++i)

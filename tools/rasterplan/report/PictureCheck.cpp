@@ -119,10 +119,14 @@ bool isSameFile(const fs::path& a, const fs::path& b) {
 // The files under one name, in the order of their first images.
 using SharedName = std::vector<SharedFile>;
 
-std::map<std::string, SharedName> filesByName(const Manifest& manifest) {
-    std::map<std::string, SharedName> names;
+std::vector<SharedName> filesByName(const Manifest& manifest) {
+    std::vector<SharedName> names;
+    std::map<std::string, std::size_t> indexOf;
     for (std::size_t i = 0; i < manifest.images.size(); ++i) {
-        SharedName& files = names[listedName(manifest.images[i].path)];
+        const auto [known, isNew] = indexOf.try_emplace(listedName(manifest.images[i].path), names.size());
+        if (isNew)
+            names.emplace_back();
+        SharedName& files = names[known->second];
         const fs::path path = manifest.pictureFile(i);
         auto found = std::find_if(files.begin(), files.end(),
                                   [&](const SharedFile& file) { return isSameFile(file.path, path); });
@@ -195,7 +199,7 @@ void checkPictures(const Site& site, const std::vector<ImageParam>& images, Noti
 }
 
 void checkManifest(const Manifest& manifest, Notices& notices) {
-    for (const auto& [name, files] : filesByName(manifest))
+    for (const SharedName& files : filesByName(manifest))
         checkName(manifest, files, notices);
     noteConversion(manifest, notices);
 }
