@@ -9,7 +9,7 @@ std::size_t errorLine(std::string_view text) {
     try {
         parseJson(text);
     } catch (const JsonError& error) {
-        return error.line();
+        return error.place().line;
     }
     return 0;
 }
@@ -97,11 +97,6 @@ TEST(JsonText, ErrorsTellTheirLine) {
     EXPECT_EQ(errorLine("[NaN]"), 1U);
 }
 
-TEST(JsonText, ErrorsHoldNoInnerNames) {
-    EXPECT_EQ(errorText("[1,]").find("syntax error"), 0U) << errorText("[1,]");
-    EXPECT_EQ(errorText("[1e999]"), "number overflow parsing '1e999'");
-}
-
 TEST(JsonText, EveryCutIsAnError) {
     const std::string_view text =
         R"({"unit": "Meters", "images": [{"path": "s\u00fcd.png", "leftTop": [1, -2.5e3, true]}]})";
@@ -112,8 +107,10 @@ TEST(JsonText, EveryCutIsAnError) {
 
 TEST(JsonText, DeepNestingIsAnErrorAndNoCrash) {
     EXPECT_EQ(errorLine(std::string(32, '[') + std::string(32, ']')), 0U);
-    EXPECT_EQ(errorText(std::string(33, '[') + std::string(33, ']')), "the values are nested too deeply");
-    EXPECT_EQ(errorText(std::string(1000000, '[')), "the values are nested too deeply");
+    EXPECT_EQ(errorText(std::string(33, '[') + std::string(33, ']')),
+              "the values are nested too deeply; no site needs more than six levels");
+    EXPECT_EQ(errorText(std::string(1000000, '[')),
+              "the values are nested too deeply; no site needs more than six levels");
 }
 
 } // namespace rasterplan_tool

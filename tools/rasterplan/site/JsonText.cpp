@@ -11,11 +11,6 @@ namespace {
 
 constexpr std::size_t deepestNesting = 32;
 
-void skipPast(std::string_view& text, std::string_view mark) {
-    if (const std::size_t found = text.find(mark); found != std::string_view::npos)
-        text.remove_prefix(found + mark.size());
-}
-
 // Reads a text and lets others see how far it has been read.
 class TrackedIterator {
 public:
@@ -50,8 +45,9 @@ private:
 // The parser tells the line of syntax errors only; this handler keeps the line of every value.
 class TreeBuilder : public nlohmann::json_sax<nlohmann::json> {
 public:
-    TreeBuilder(const char* begin, const char*& furthest)
-        : m_counted(begin)
+    TreeBuilder(std::string_view text, const char*& furthest)
+        : m_text(text)
+        , m_counted(text.data())
         , m_furthest(furthest) {}
 
     JsonValue takeRoot() { return std::move(m_root); }
@@ -74,14 +70,9 @@ public:
         return true;
     }
 
-    bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception& error) override {
-        // "[json.exception.parse_error.101] parse error at line 3, column 5: syntax error ...": the user
-        // needs the end of it, and the line goes apart.
-        std::string_view text = error.what();
-        skipPast(text, "] ");
-        if (text.starts_with("parse error at"))
-            skipPast(text, ": ");
-        throw JsonError(currentLine(), std::string(text));
+    // The parser's own words are those of a grammar. `read` counts the end of the text as a byte.
+    bool parse_error(std::size_t read, const std::string&, const nlohmann::json::exception&) override {
+        throw JsonError(explainMistake(m_text, std::min(read - 1, m_text.size())));
     }
 
 private:
@@ -113,8 +104,12 @@ private:
 
     template <typename Content>
     bool open(Content&& content) {
-        if (m_open.size() == deepestNesting)
-            throw JsonError(currentLine(), "the values are nested too deeply");
+        if (m_open.size() == deepestNesting) {
+            const auto bracket = static_cast<std::size_t>(m_furthest - 1 - m_text.data());
+            throw JsonError({explainMistake(m_text, bracket).place,
+                             "the values are nested too deeply; no site needs more than "
+                             "six levels"});
+        }
         JsonValue& value = nextPlace();
         value.line = currentLine();
         value.content = std::forward<Content>(content);
@@ -129,6 +124,7 @@ private:
 
     JsonValue m_root;
     std::vector<JsonValue*> m_open; // only the innermost container grows, so these stay valid
+    std::string_view m_text;
     const char* m_counted;
     const char*& m_furthest;
     std::size_t m_line = 1;
@@ -146,7 +142,7 @@ std::string_view JsonValue::kind() const {
 JsonValue parseJson(std::string_view text) {
     const char* const begin = text.data();
     const char* furthest = begin;
-    TreeBuilder builder(begin, furthest);
+    TreeBuilder builder(text, furthest);
     nlohmann::json::sax_parse(TrackedIterator(begin, furthest),
                               TrackedIterator(begin + text.size(), furthest), &builder);
     return builder.takeRoot();

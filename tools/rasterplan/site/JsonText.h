@@ -1,5 +1,7 @@
 #pragma once
 
+#include "site/JsonMistake.h"
+
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -39,15 +41,15 @@ struct JsonMember {
 /// The text is not JSON.
 class JsonError : public std::runtime_error {
 public:
-    JsonError(std::size_t line, const std::string& text)
-        : std::runtime_error(text)
-        , m_line(line) {}
+    explicit JsonError(const JsonMistake& mistake)
+        : std::runtime_error(mistake.text)
+        , m_place(mistake.place) {}
 
-    /// The line, counted from 1, where reading stopped.
-    std::size_t line() const noexcept { return m_line; }
+    /// Where the mistake is seen.
+    const JsonPlace& place() const noexcept { return m_place; }
 
 private:
-    std::size_t m_line;
+    JsonPlace m_place;
 };
 
 /// Reads a whole JSON text (UTF-8, with or without a byte order mark).

@@ -82,8 +82,10 @@ Manifest parseManifest(std::string_view text, const fs::path& file) {
     try {
         root = parseJson(text);
     } catch (const JsonError& error) {
-        throw BadInput(placeText(file, error.line()) + ": this is not valid JSON (UTF-8): " + error.what() +
-                       "; correct it there or just before");
+        const JsonPlace& place = error.place();
+        throw BadInput(placeText(file, place.line) + ':' + std::to_string(place.column) + ": " +
+                       (place.element > 0 ? "image " + std::to_string(place.element) + ": " : "") +
+                       "this is not JSON: " + error.what());
     }
     const ObjectReader reader(file, root, "the site");
     reader.allowOnly({"$schema", "unit", "images"});

@@ -85,7 +85,8 @@ TripleDouble ObjectReader::point(std::string_view name) const {
         failField(value, name, "is " + std::string(value.kind()) + "; write three numbers: [x, y, z]");
     if (numbers->size() != 3) {
         failField(value, name,
-                  "has " + std::to_string(numbers->size()) + " elements; write three numbers: [x, y, z]");
+                  "has " + std::to_string(numbers->size()) + " elements; write three numbers: [x, y, z]" +
+                      (numbers->size() > 3 ? ", with a point and no comma in them" : ""));
     }
     constexpr std::string_view form = "three numbers: [x, y, z]";
     return {coordinateOf((*numbers)[0], name, form), coordinateOf((*numbers)[1], name, form),
