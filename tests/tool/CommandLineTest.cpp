@@ -43,13 +43,16 @@ TEST(CommandLine, Write3d) {
     EXPECT_FALSE(line.flattened);
     EXPECT_EQ(utf8FromPath(line.site), "a/SÜTE.json");
     EXPECT_EQ(utf8FromPath(line.output), "out 1.dxf");
-    EXPECT_EQ(line.pathForm, PathForm::Absolute);
+    EXPECT_EQ(line.pathForm, PathForm::Relative);
 }
 
 TEST(CommandLine, PathForms) {
     EXPECT_EQ(parsedWrite({"3d", "s", "o", "--paths", "absolute"}).pathForm, PathForm::Absolute);
     EXPECT_EQ(parsedWrite({"3d", "s", "o", "--paths=relative"}).pathForm, PathForm::Relative);
     EXPECT_EQ(parsedWrite({"2d", "--paths", "as-given", "s", "o"}).pathForm, PathForm::AsGiven);
+    EXPECT_EQ(parsedWrite({"2d", "s", "o", "--collect"}).pathForm, PathForm::Collected);
+    EXPECT_NE(failureOf({"3d", "s", "o", "--collect", "--paths", "relative"}).find("excludes"),
+              std::string::npos);
 }
 
 TEST(CommandLine, Warnings) {
@@ -125,13 +128,16 @@ TEST(CommandLine, PathsMayBeginWithAnything) {
 
 TEST(CommandLine, HelpAndVersionAreAnswers) {
     for (const Arguments& arguments :
-         {Arguments{"--help"}, Arguments{"-h"}, Arguments{"3d", "--help"}, Arguments{"2d", "-h"}}) {
+         {Arguments{"--help"}, Arguments{"-h"}, Arguments{"help"}, Arguments{"3d", "--help"},
+          Arguments{"2d", "-h"}, Arguments{"help", "2d"}}) {
         const CommandLineResult result = parseCommandLine(arguments);
         EXPECT_FALSE(result.command.has_value());
         EXPECT_NE(result.answer.find("Usage: rasterplan"), std::string::npos);
     }
     EXPECT_NE(parseCommandLine({"--help"}).answer.find("\"pixelsPerUnit\": 200.0"), std::string::npos);
+    EXPECT_EQ(parseCommandLine({"help", "2d"}).answer, parseCommandLine({"2d", "--help"}).answer);
     EXPECT_EQ(parseCommandLine({"--version"}).answer.find("rasterplan "), 0U);
+    EXPECT_EQ(parseCommandLine({"-V"}).answer, parseCommandLine({"--version"}).answer);
 }
 
 TEST(CommandLine, LinesOfTheHelpFitATerminal) {
@@ -156,11 +162,14 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         {{"3d"}, "SITE.json is required"},
         {{"3d", "s"}, "OUT.dxf is required"},
         {{"3d", "s", "o", "x"}, "x"},
-        {{"3d", "s", "o", "--origin", "0,0,0"}, "--origin"},
+        {{"3d", "s", "o", "--origin", "0,0,0"}, "--origin is no option of 3d but of 2d;"},
+        {{"3d", "s", "o", "--origin=0,0,0"}, "--origin is no option of 3d but of 2d;"},
+        {{"plane", "s", "--pahts=relative"}, "--pahts is no option of plane;"},
+        {{"3d", "s", "o", "--pahts", "relative"}, "--pahts is no option of 3d (did you mean \"--paths\"?);"},
         {{"plane"}, "SITE.json is required"},
         {{"plane", "s", "o"}, "o"},
         {{"corners"}, "SITE.json is required"},
-        {{"3d", "s", "o", "--paths", "some"}, "--paths: some not in {absolute,relative,as-given}"},
+        {{"3d", "s", "o", "--paths", "some"}, "--paths: some not in {relative,absolute,as-given}"},
         {{"3d", "s", "o", "--paths"}, "--paths"},
     };
     for (const auto& wrong : cases) {
@@ -168,6 +177,25 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         EXPECT_NE(failure.find(wrong.words), std::string::npos) << failure;
         EXPECT_NE(failure.find("; \"rasterplan --help\" shows the usage"), std::string::npos) << failure;
     }
+}
+
+TEST(CommandLine, StandardStreamsAreNoFiles) {
+    EXPECT_EQ(failureOf({"3d", "s", "-"}),
+              "- is standard output, but a drawing is put in place when it is complete; name a file, such as "
+              "site.dxf");
+    for (const Arguments& arguments :
+         {Arguments{"3d", "-", "o"}, Arguments{"2d", "-", "o"}, Arguments{"plane", "-"},
+          Arguments{"corners", "-"}, Arguments{"check", "-"}, Arguments{"view", "-"}}) {
+        EXPECT_EQ(failureOf(arguments),
+                  "- is standard input, which is not read; name a file, or ./- if it is called so");
+    }
+    EXPECT_EQ(parsedWrite({"3d", "./-", "./-"}).output, "./-");
+}
+
+TEST(CommandLine, OutputThatIsADwgIsAMistake) {
+    EXPECT_EQ(failureOf({"3d", "s", "a/plan.DWG"}),
+              "\"a/plan.DWG\": a DWG is no DXF, and DXF is what is written; name \"a/plan.dxf\", which CAD "
+              "programs open and save as DWG");
 }
 
 TEST(CommandLine, EmptyOutputIsAMistake) {

@@ -1,8 +1,10 @@
 #include "CommandLine.h"
 
 #include "base/Failure.h"
+#include "base/LetterCase.h"
 #include "base/NumberText.h"
 #include "base/PathText.h"
+#include "base/Suggestion.h"
 #include "base/VisibleText.h"
 #include "site/UnitNames.h"
 
@@ -64,7 +66,8 @@ struct OptionTexts {
     std::string site;
     std::string output;
     std::string drawing;
-    std::string pathForm = "absolute";
+    std::string pathForm = "relative";
+    bool collect = false;
     std::string origin;
     std::string xAxis;
     std::string yAxis;
@@ -85,8 +88,8 @@ struct PathFormName {
 };
 
 constexpr std::array<PathFormName, 3> pathForms{{
-    {PathForm::Absolute, "absolute"},
     {PathForm::Relative, "relative"},
+    {PathForm::Absolute, "absolute"},
     {PathForm::AsGiven, "as-given"},
 }};
 
@@ -163,12 +166,17 @@ void addSite(CLI::App& command, OptionTexts& texts) {
 
 void addOutput(CLI::App& command, OptionTexts& texts) {
     command.add_option("OUT.dxf", texts.output, "The drawing to write")->required();
+    CLI::Option* const paths =
+        command
+            .add_option("--paths", texts.pathForm,
+                        "How the drawing names its pictures:\nrelative (to OUT.dxf's folder, the default),\n"
+                        "absolute or as-given (the text of SITE.json)")
+            ->type_name("FORM")
+            ->check(CLI::IsMember(pathFormNames()).description(""));
     command
-        .add_option("--paths", texts.pathForm,
-                    "How the drawing names its pictures:\nabsolute (the default), "
-                    "relative (to OUT.dxf's folder)\nor as-given (the text of SITE.json)")
-        ->type_name("FORM")
-        ->check(CLI::IsMember(pathFormNames()).description(""));
+        .add_flag("--collect", texts.collect,
+                  "Copy the pictures beside OUT.dxf, which names them\nby file name alone")
+        ->excludes(paths);
     command.add_flag("--view", texts.view,
                      "Write the page that shows the drawing too, beside\nit, as view does");
 }
@@ -263,13 +271,35 @@ CLI::App* addView(CLI::App& app, OptionTexts& texts) {
     return command;
 }
 
-Command writeDrawing(const OptionTexts& texts) {
-    if (texts.output.empty())
+// The path of a file that is read. Elsewhere - is a stream, from which no path counts.
+std::filesystem::path inputPath(const std::string& text) {
+    if (text == "-")
+        throw BadInput("- is standard input, which is not read; name a file, or ./- if it is called so");
+    return pathFromUtf8(text);
+}
+
+std::filesystem::path outputPath(const std::string& text) {
+    if (text.empty())
         throw BadInput("the output path is empty; name a file, such as site.dxf");
+    if (text == "-") {
+        throw BadInput(
+            "- is standard output, but a drawing is put in place when it is complete; name a file, "
+            "such as site.dxf");
+    }
+    if (inSmallLetters(text).ends_with(".dwg")) {
+        const std::string name = visible(text.substr(0, text.size() - 4));
+        throw BadInput('"' + name + text.substr(text.size() - 4) +
+                       "\": a DWG is no DXF, and DXF is what is written; name \"" + name +
+                       ".dxf\", which CAD programs open and save as DWG");
+    }
+    return pathFromUtf8(text);
+}
+
+Command writeDrawing(const OptionTexts& texts) {
     WriteDrawing command;
-    command.site = pathFromUtf8(texts.site);
-    command.output = pathFromUtf8(texts.output);
-    command.pathForm = pathFormOf(texts.pathForm);
+    command.site = inputPath(texts.site);
+    command.output = outputPath(texts.output);
+    command.pathForm = texts.collect ? PathForm::Collected : pathFormOf(texts.pathForm);
     command.view = texts.view;
     return command;
 }
@@ -284,19 +314,19 @@ Command writeDrawingFlattened(const OptionTexts& texts) {
 }
 
 Command showPlane(const OptionTexts& texts) {
-    return ShowPlane{pathFromUtf8(texts.site), texts.json};
+    return ShowPlane{inputPath(texts.site), texts.json};
 }
 
 Command checkDrawing(const OptionTexts& texts) {
-    return CheckDrawing{pathFromUtf8(texts.drawing), texts.json};
+    return CheckDrawing{inputPath(texts.drawing), texts.json};
 }
 
 Command showCorners(const OptionTexts& texts) {
-    return ShowCorners{pathFromUtf8(texts.site)};
+    return ShowCorners{inputPath(texts.site)};
 }
 
 Command viewDrawing(const OptionTexts& texts) {
-    return ViewDrawing{pathFromUtf8(texts.drawing), pathFromUtf8(texts.page), texts.embed};
+    return ViewDrawing{inputPath(texts.drawing), pathFromUtf8(texts.page), texts.embed};
 }
 
 // "3d, 2d and plane"
@@ -307,13 +337,59 @@ std::string namesOf(std::span<const Subcommand> commands) {
     return names;
 }
 
+// "help 2d" asks for the same as "2d --help".
+std::vector<std::string> withHelpAsOption(const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments.front() != "help")
+        return arguments;
+    std::vector<std::string> others(arguments.begin() + 1, arguments.end());
+    others.emplace_back("--help");
+    return others;
+}
+
+// What is wrong with an option that the given command does not have; an empty text where every one is known.
+std::string unknownOptionText(const std::vector<std::string>& arguments, const CLI::App& given,
+                              std::span<const Subcommand> commands) {
+    for (const std::string& argument : arguments) {
+        const std::string option = argument.substr(0, argument.find('='));
+        if (option == "--")
+            break;
+        if (!option.starts_with("--") || given.get_option_no_throw(option) != nullptr)
+            continue;
+        const std::string beginning = option + " is no option of " + given.get_name();
+        const auto owner = std::find_if(commands.begin(), commands.end(), [&option](const Subcommand& row) {
+            return row.app->get_option_no_throw(option) != nullptr;
+        });
+        if (owner != commands.end())
+            return beginning + " but of " + owner->app->get_name();
+        std::vector<std::string> names;
+        for (const CLI::Option* known : given.get_options())
+            for (const std::string& name : known->get_lnames())
+                names.push_back("--" + name);
+        return beginning + suggestionText(option, std::vector<std::string_view>(names.begin(), names.end()));
+    }
+    return {};
+}
+
+// What is wrong with arguments that `error` refuses.
+std::string mistakeText(const std::vector<std::string>& arguments, const CLI::App& app,
+                        std::span<const Subcommand> commands, const CLI::ParseError& error) {
+    const auto given = app.get_subcommands();
+    if (given.empty()) {
+        return (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
+               "; the commands are " + namesOf(commands);
+    }
+    const std::string text = unknownOptionText(arguments, *given.front(), commands);
+    return text.empty() ? error.what() : text;
+}
+
 } // namespace
 
-CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
+CommandLineResult parseCommandLine(const std::vector<std::string>& given) {
+    const std::vector<std::string> arguments = withHelpAsOption(given);
     OptionTexts texts;
     CLI::App app{"Writes the ortho images that SITE.json lists as one DXF drawing.", "rasterplan"};
     app.allow_windows_style_options(false); // an absolute path may begin with '/'
-    app.set_version_flag("--version", "rasterplan " RASTERPLAN_VERSION);
+    app.set_version_flag("-V,--version", "rasterplan " RASTERPLAN_VERSION);
 
     const std::array<Subcommand, 6> commands{{
         {addWrite3d(app, texts), &writeDrawing},
@@ -334,18 +410,13 @@ CommandLineResult parseCommandLine(const std::vector<std::string>& arguments) {
         std::ostringstream complaint;
         if (app.exit(error, answer, complaint) == 0)
             return {std::nullopt, answer.str(), Verbosity::Normal, false};
-        std::string text = error.what();
-        if (app.get_subcommands().empty()) {
-            text =
-                (arguments.empty() ? "no command is given" : '"' + arguments.front() + "\" is no command") +
-                "; the commands are " + namesOf(commands);
-        }
-        throw BadInput(visible(text) + "; \"rasterplan --help\" shows the usage");
+        throw BadInput(visible(mistakeText(arguments, app, commands, error)) +
+                       "; \"rasterplan --help\" shows the usage");
     }
 
-    const auto given = std::find_if(commands.begin(), commands.end(),
-                                    [](const Subcommand& row) { return row.app->parsed(); });
-    return {given->command(texts), {}, verbosityOf(texts), texts.strict};
+    const auto command = std::find_if(commands.begin(), commands.end(),
+                                      [](const Subcommand& row) { return row.app->parsed(); });
+    return {command->command(texts), {}, verbosityOf(texts), texts.strict};
 }
 
 } // namespace rasterplan_tool

@@ -36,6 +36,11 @@ TEST(PathForm, RelativeCountsFromTheDrawingsFolderWithSlashes) {
     EXPECT_EQ(drawingPath(PathForm::Relative, "x", picture, folder / "pictures/süd"), L"a.png");
 }
 
+TEST(PathForm, CollectedIsTheFileName) {
+    EXPECT_EQ(drawingPath(PathForm::Collected, "x", fs::path("pictures") / pathFromUtf8("süd.png"), "out"),
+              L"s\u00fcd.png");
+}
+
 TEST(PathForm, TextThatNoLineOfADrawingHoldsIsAnErrorInEveryForm) {
     const TestFolder folder;
     for (const std::string_view control :
@@ -51,8 +56,8 @@ TEST(PathForm, TextThatNoLineOfADrawingHoldsIsAnErrorInEveryForm) {
 }
 
 #ifdef _WIN32
-TEST(PathForm, RelativeToAnotherDriveIsAnError) {
-    EXPECT_THROW(drawingPath(PathForm::Relative, "x", "D:\\a.png", "C:\\out"), BadInput);
+TEST(PathForm, RelativeToAnotherDriveIsAbsolute) {
+    EXPECT_EQ(drawingPath(PathForm::Relative, "x", "D:\\a.png", "C:\\out"), L"D:\\a.png");
 }
 #endif
 

@@ -84,7 +84,7 @@ TEST_F(Program, DrawingIsTheLibrarysButForTheViewMode) {
     EXPECT_EQ(readBytes(m_folder / "tool.dxf"), expected);
 }
 
-TEST_F(Program, PathsInTheDrawingAreAbsoluteUnlessAskedOtherwise) {
+TEST_F(Program, PathsInTheDrawingAreRelativeUnlessAskedOtherwise) {
     fs::create_directory(m_folder / "plan");
     const auto drawingWith = [&](const std::vector<std::string>& options) {
         std::vector<std::string> arguments{"3d", at("SITE.json"), at("plan/out.dxf")};
@@ -92,18 +92,31 @@ TEST_F(Program, PathsInTheDrawingAreAbsoluteUnlessAskedOtherwise) {
         EXPECT_EQ(runProgram(arguments).status, 0);
         return readBytes(m_folder / "plan/out.dxf");
     };
-    const std::string absolute = drawingWith({});
-    EXPECT_TRUE(hasLine(absolute, at("bilder/süd.png")));
-    EXPECT_TRUE(hasLine(absolute, at("bilder/b.jpg")));
-    EXPECT_EQ(drawingWith({"--paths", "absolute"}), absolute);
-    EXPECT_TRUE(hasLine(drawingWith({"--paths", "relative"}), "../bilder/süd.png"));
+    const std::string relative = drawingWith({});
+    EXPECT_TRUE(hasLine(relative, "../bilder/süd.png"));
+    EXPECT_TRUE(hasLine(relative, "../bilder/b.jpg"));
+    EXPECT_EQ(drawingWith({"--paths", "relative"}), relative);
+    EXPECT_TRUE(hasLine(drawingWith({"--paths", "absolute"}), at("bilder/süd.png")));
     EXPECT_TRUE(hasLine(drawingWith({"--paths", "as-given"}), "bilder/süd.png"));
+}
+
+TEST_F(Program, CollectedPicturesMoveWithTheDrawing) {
+    fs::create_directory(m_folder / "plan");
+    for (int run = 0; run < 2; ++run) {
+        const ProgramResult result = runProgram({"3d", at("SITE.json"), at("plan/out.dxf"), "--collect"});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "");
+    }
+    EXPECT_TRUE(hasLine(readBytes(m_folder / "plan/out.dxf"), "süd.png"));
+    fs::rename(m_folder / "plan", m_folder / "elsewhere");
+    fs::remove_all(m_folder / "bilder");
+    EXPECT_EQ(runProgram({"check", at("elsewhere/out.dxf")}).status, 0);
 }
 
 TEST_F(Program, RelativeArgumentsCountFromTheWorkingFolder) {
     const ProgramResult result = runProgram({"3d", "SITE.json", "out.dxf"}, standingIn(m_folder.path()));
     EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_TRUE(hasLine(readBytes(m_folder / "out.dxf"), at("bilder/süd.png")));
+    EXPECT_TRUE(hasLine(readBytes(m_folder / "out.dxf"), "bilder/süd.png"));
 }
 
 TEST_F(Program, SameInputGivesTheSameBytes) {
@@ -248,7 +261,7 @@ TEST_F(Program, OutputLinkStaysALink) {
     fs::create_symlink("real.dxf", m_folder / "link.dxf");
     EXPECT_EQ(runProgram({"3d", at("SITE.json"), at("link.dxf")}).status, 0);
     EXPECT_TRUE(fs::is_symlink(m_folder / "link.dxf"));
-    EXPECT_TRUE(hasLine(readBytes(m_folder / "real.dxf"), at("bilder/süd.png")));
+    EXPECT_TRUE(hasLine(readBytes(m_folder / "real.dxf"), "bilder/süd.png"));
 }
 #endif
 

@@ -54,6 +54,25 @@ TEST_F(ProgramWarnings, MissingPicture) {
         << warning;
 }
 
+TEST_F(ProgramWarnings, PathsAsGivenThatLeadNowhereFromTheDrawing) {
+    fs::create_directories(m_folder / "sub/plan");
+    fs::create_directory(m_folder / "plan");
+    fs::copy_file(m_folder / "a.png", m_folder / "sub/a.png");
+    fs::copy_file(m_folder / "c.png", m_folder / "plan/c.png");
+    writeFile(m_folder / "SITE.json", siteText({imageText("sub/a.png"), imageText(at("b.png"), 0.17),
+                                                imageText("none.png", 0.34), imageText("c.png", 0.51)}));
+    const auto said = [&](const char* output) {
+        return runProgram({"3d", at("SITE.json"), at(output), "--paths", "as-given"}).err;
+    };
+    const std::string warning = said("plan/out.dxf");
+    EXPECT_NE(warning.find(":2: image 1 (\"sub/a.png\"): from the drawing's folder \"" + at("plan") +
+                           "\" this path leads to no picture, so CAD programs will not find it; leave out"),
+              std::string::npos)
+        << warning;
+    EXPECT_EQ(linesOf(warning), 2U) << warning; // the other one is that there is no none.png
+    EXPECT_EQ(linesOf(said("out.dxf")), 1U);
+}
+
 TEST_F(ProgramWarnings, PixelCount) {
     std::string site = siteText({imageText("a.png")});
     site.replace(site.find("100}"), 3, "200");

@@ -5,6 +5,7 @@
 #include "base/ResultText.h"
 #include "base/Vector.h"
 #include "commands/ViewDrawing.h"
+#include "drawing/CollectPictures.h"
 #include "drawing/PendingDrawing.h"
 #include "drawing/TemplateFile.h"
 #include "report/PictureCheck.h"
@@ -22,16 +23,9 @@ namespace fs = std::filesystem;
 namespace rasterplan_tool {
 namespace {
 
-fs::path withoutLinks(const fs::path& path) {
-    std::error_code error;
-    const fs::path real = fs::weakly_canonical(path, error);
-    throwIfExhausted(error);
-    return error ? path : real;
-}
-
 bool isSamePlace(const fs::path& a, const fs::path& b) {
     std::error_code ignored;
-    return fs::equivalent(a, b, ignored) || withoutLinks(a) == withoutLinks(b);
+    return a == b || fs::equivalent(a, b, ignored);
 }
 
 [[noreturn]] void refuseToReplace(const fs::path& destination, const std::string& input) {
@@ -95,14 +89,19 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
     const Manifest& manifest = site.manifest;
     PendingDrawing pending(command.output);
     refuseToReplaceInput(pending.destination(), site);
+    const fs::path folder = pending.destination().parent_path();
+    std::vector<PictureCopy> copies;
+    if (command.pathForm == PathForm::Collected)
+        copies = picturesToCollect(manifest, pending.destination());
 
-    const std::vector<ImageParam> images =
-        makeImages(site, drawingPaths(manifest, command.pathForm, pending.destination().parent_path()));
+    const std::vector<ImageParam> images = makeImages(site, drawingPaths(manifest, command.pathForm, folder));
     RasterPlanWriter drawing(wideFromPath(pending.temporary()).c_str());
     addImages(drawing, manifest, images);
     Notices notices;
     checkManifest(manifest, notices);
     checkPictures(site, images, notices);
+    if (command.pathForm == PathForm::AsGiven)
+        checkPathsAsGiven(manifest, folder, notices);
 
     std::optional<Plane> plane;
     if (command.flattened) {
@@ -110,6 +109,7 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
         checkPlane(manifest, *plane, images, toleranceOf(command, manifest.unit), notices);
     }
     notices.tell(console);
+    collectPictures(copies, pending.temporary()); // before the drawing, which shall not lack one
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
     if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
         throw ExportFailed(

@@ -15,7 +15,7 @@ struct WriteDrawing {
     bool flattened = false; ///< Into a plane, as 2d does.
     std::filesystem::path site;
     std::filesystem::path output;
-    PathForm pathForm = PathForm::Absolute;
+    PathForm pathForm = PathForm::Relative;
     bool view = false;          ///< Write the page that shows the drawing too, beside it.
     std::optional<Plane> plane; ///< Of a flattened drawing: the user's plane; otherwise the proposed one.
     std::optional<double> angleTolerance;    ///< Of a flattened drawing, in degrees.

@@ -2,7 +2,10 @@
 
 #include "base/Failure.h"
 #include "base/PathText.h"
+#include "base/Resources.h"
 #include "base/VisibleText.h"
+
+#include <system_error>
 
 namespace fs = std::filesystem;
 
@@ -13,15 +16,19 @@ fs::path writtenPath(PathForm form, const std::string& asGiven, const fs::path& 
                      const fs::path& drawingFolder) {
     if (form == PathForm::AsGiven)
         return pathFromUtf8(asGiven);
-    if (form == PathForm::Absolute)
+    if (form == PathForm::Collected)
+        return picture.filename();
+    const fs::path relative = picture.lexically_relative(drawingFolder); // empty on another drive
+    if (form == PathForm::Absolute || relative.empty())
         return fs::path(picture).make_preferred();
-    const fs::path relative = picture.lexically_relative(drawingFolder);
-    if (relative.empty()) {
-        throw BadInput(
-            "the picture is on another drive than the drawing, so no relative path leads there; use "
-            "--paths absolute");
-    }
     return {relative.generic_u8string()};
+}
+
+bool isThere(const fs::path& path) {
+    std::error_code error;
+    const bool found = fs::exists(path, error);
+    throwIfExhausted(error);
+    return found;
 }
 
 } // namespace
@@ -50,6 +57,22 @@ std::vector<std::wstring> drawingPaths(const Manifest& manifest, PathForm form,
         }
     }
     return paths;
+}
+
+void checkPathsAsGiven(const Manifest& manifest, const fs::path& drawingFolder, Notices& notices) {
+    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
+        const fs::path path = pathFromUtf8(manifest.images[i].path);
+        if (isThere(drawingFolder / path) || isThere(drawingFolder / path.filename()) ||
+            !isThere(manifest.pictureFile(i)))
+            continue;
+        const std::string advice = "; leave out --paths as-given, or write the drawing beside SITE.json";
+        notices.warn(
+            manifest.subject(i),
+            "the paths lead to no pictures from the drawing's folder, so CAD programs will not find them" +
+                advice,
+            "from the drawing's folder " + quoted(drawingFolder) +
+                " this path leads to no picture, so CAD programs will not find it" + advice);
+    }
 }
 
 } // namespace rasterplan_tool
