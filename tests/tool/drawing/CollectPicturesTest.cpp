@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
@@ -39,6 +41,13 @@ protected:
         return "no failure";
     }
 
+    void collect(const std::vector<PictureCopy>& copies) const {
+        std::ostringstream terminal;
+        Progress progress(terminal, "copying", true);
+        collectPictures(copies, m_folder / "out/x.tmp", progress);
+        EXPECT_EQ(terminal.str(), "");
+    }
+
     TestFolder m_folder;
 };
 
@@ -49,14 +58,14 @@ TEST_F(CollectPictures, EachIsCopiedOnceUnderItsName) {
     ASSERT_EQ(copies.size(), 2U);
     EXPECT_EQ(copies[0].from, m_folder / "a/süd.png");
     EXPECT_EQ(copies[0].to, m_folder / "out/süd.png");
-    collectPictures(copies, m_folder / "out/x.tmp");
+    collect(copies);
     EXPECT_EQ(readBytes(m_folder / "out/süd.png"), "south");
     EXPECT_EQ(readBytes(m_folder / "out/nord.png"), std::string(40000, 'n'));
     EXPECT_FALSE(fs::exists(m_folder / "out/x.tmp"));
 }
 
 TEST_F(CollectPictures, NothingIsCopiedThatIsThereAlready) {
-    collectPictures(toCollect({"a/süd.png"}), m_folder / "out/x.tmp");
+    collect(toCollect({"a/süd.png"}));
     EXPECT_TRUE(toCollect({"a/süd.png", "out/süd.png"}).empty());
     EXPECT_TRUE(toCollect({"a/süd.png"}, "a/plan.dxf").empty());
     EXPECT_TRUE(toCollect({"a/none.png"}).empty());
@@ -99,7 +108,7 @@ TEST_F(CollectPictures, DrawingOfThatNameIsAnError) {
 TEST_F(CollectPictures, CopyThatFailsLeavesTheOthersWhole) {
     auto copies = toCollect({"a/süd.png", "a/nord.png"});
     fs::remove(m_folder / "a/nord.png");
-    EXPECT_THROW(collectPictures(copies, m_folder / "out/x.tmp"), ExportFailed);
+    EXPECT_THROW(collect(copies), ExportFailed);
     EXPECT_EQ((std::vector<std::string>{"süd.png"}), [&] {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(m_folder / "out"))

@@ -22,10 +22,10 @@ protected:
     std::string warnings(const std::string& site) {
         fs::copy_file(testData("grey-17x9.png"), m_folder / "a.png", fs::copy_options::skip_existing);
         fs::copy_file(testData("grey-17x9.jpg"), m_folder / "b.jpg", fs::copy_options::skip_existing);
-        const Site read = readSite(writeFile(m_folder / "SITE.json", site), PicturesToRead::All);
         std::ostringstream out;
         std::ostringstream err;
         Console console{out, err};
+        const Site read = readSite(writeFile(m_folder / "SITE.json", site), PicturesToRead::All, console);
         Notices notices;
         checkManifest(read.manifest, notices);
         checkPictures(read, makeImages(read, drawingPaths(read.manifest, PathForm::AsGiven, {})), notices);

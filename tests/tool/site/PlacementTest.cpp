@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -21,8 +22,10 @@ protected:
     Placement() { fs::copy_file(testData("grey-17x9.png"), m_folder / "a.png"); }
 
     Site read(const std::string& images) {
+        std::ostringstream silent;
+        Console console{silent, silent};
         return readSite(writeFile(m_folder / "SITE.json", "{\"images\": [" + images + "]}"),
-                        PicturesToRead::Needed);
+                        PicturesToRead::Needed, console);
     }
 
     CornerPlace placeOf(const std::string& image) { return read(image).places.at(0); }

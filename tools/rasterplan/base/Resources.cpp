@@ -2,10 +2,12 @@
 
 #include "base/Failure.h"
 
+#include <atomic>
+
 namespace rasterplan_tool {
 namespace {
 
-bool hasRunOut = false; // a new handler takes no argument
+std::atomic<bool> hasRunOut = false; // a new handler takes no argument, and any thread may call it
 
 [[noreturn]] void noteAndFail() {
     hasRunOut = true;

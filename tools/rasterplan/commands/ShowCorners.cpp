@@ -46,7 +46,7 @@ void print(std::ostream& out, const Site& site) {
 } // namespace
 
 void execute(const ShowCorners& command, Console& console, const MemoryWatch& memory) {
-    const Site site = readSite(command.site, PicturesToRead::Needed);
+    const Site site = readSite(command.site, PicturesToRead::Needed, console);
     RasterPlanWriter drawing;
     addImages(drawing, site.manifest, makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {})));
     Notices notices;

@@ -3,6 +3,7 @@
 #include "base/Failure.h"
 #include "base/Notices.h"
 #include "base/PathText.h"
+#include "base/Progress.h"
 #include "base/VisibleText.h"
 #include "drawing/PendingFile.h"
 #include "view/DrawingScene.h"
@@ -32,14 +33,18 @@ bool isSameFile(const fs::path& a, const fs::path& b) {
 // Finds the pictures of a drawing for a page and warns of those that it cannot show.
 class PictureSources {
 public:
-    PictureSources(const ViewDrawing& command, const fs::path& page, Notices& notices)
+    PictureSources(const ViewDrawing& command, const fs::path& page, std::size_t count, Progress& progress,
+                   Notices& notices)
         : m_drawingFolder(fs::weakly_canonical(fs::absolute(command.drawing).parent_path()))
         , m_page(page)
         , m_embed(command.embed)
+        , m_count(count)
+        , m_progress(progress)
         , m_notices(notices) {}
 
     // A missing picture keeps its name, so that the page shows it once it is there.
     std::string operator()(const ScenePicture& picture) {
+        m_progress.tell(m_done++, m_count);
         const std::optional<fs::path> file = findPicture(picture.path, m_drawingFolder);
         if (!file) {
             warn(picture, "no such picture is there or beside the drawing, so the page shows a hatched frame "
@@ -68,6 +73,9 @@ private:
     fs::path m_drawingFolder;
     fs::path m_page;
     bool m_embed;
+    std::size_t m_count;
+    std::size_t m_done = 0;
+    Progress& m_progress;
     Notices& m_notices;
 };
 
@@ -89,8 +97,10 @@ void execute(const ViewDrawing& command, Console& console, const MemoryWatch& me
     if (!page.is_open())
         throwIfExhausted(errno);
     Notices notices;
+    Progress progress(console.err, "reading pictures");
     writePage(page, shownText(command.drawing.filename()), scene,
-              PictureSources(command, pending.destination(), notices));
+              PictureSources(command, pending.destination(), scene.pictures.size(), progress, notices));
+    progress.hide();
     page.close();
     memory.require();
     if (!page) {

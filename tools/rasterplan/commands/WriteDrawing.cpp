@@ -85,7 +85,7 @@ bool isFarOff(const Plane& plane, const std::vector<ImageParam>& images) {
 }
 
 void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch& memory) {
-    const Site site = readSite(command.site, PicturesToRead::All);
+    const Site site = readSite(command.site, PicturesToRead::All, console);
     const Manifest& manifest = site.manifest;
     PendingDrawing pending(command.output);
     refuseToReplaceInput(pending.destination(), site);
@@ -109,7 +109,8 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
         checkPlane(manifest, *plane, images, toleranceOf(command, manifest.unit), notices);
     }
     notices.tell(console);
-    collectPictures(copies, pending.temporary()); // before the drawing, which shall not lack one
+    Progress progress(console.err, "copying pictures");
+    collectPictures(copies, pending.temporary(), progress); // before the drawing, which shall not lack one
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
     if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
         throw ExportFailed(

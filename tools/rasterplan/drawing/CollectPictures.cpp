@@ -100,8 +100,9 @@ std::vector<PictureCopy> picturesToCollect(const Manifest& manifest, const fs::p
     return std::move(collection.copies);
 }
 
-void collectPictures(const std::vector<PictureCopy>& copies, const fs::path& temporary) {
+void collectPictures(const std::vector<PictureCopy>& copies, const fs::path& temporary, Progress& progress) {
     for (const PictureCopy& copy : copies) {
+        progress.tell(static_cast<std::size_t>(&copy - copies.data()), copies.size());
         std::error_code error;
         fs::copy_file(copy.from, temporary, error);
         if (!error)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Progress.h"
 #include "site/Manifest.h"
 
 #include <filesystem>
@@ -20,6 +21,7 @@ std::vector<PictureCopy> picturesToCollect(const Manifest& manifest, const std::
 
 /// Copies the pictures, each first to `temporary`, a file in the folder where they go that does not exist
 /// before and afterwards. Throws ExportFailed where one cannot be copied; whole copies stay then.
-void collectPictures(const std::vector<PictureCopy>& copies, const std::filesystem::path& temporary);
+void collectPictures(const std::vector<PictureCopy>& copies, const std::filesystem::path& temporary,
+                     Progress& progress);
 
 } // namespace rasterplan_tool

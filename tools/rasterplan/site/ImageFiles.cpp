@@ -1,6 +1,7 @@
 #include "site/ImageFiles.h"
 
 #include "base/Failure.h"
+#include "base/Parallel.h"
 #include "base/PathText.h"
 #include "picture/PictureHeader.h"
 #include "picture/WorldFile.h"
@@ -39,16 +40,22 @@ ImageFiles readFilesOf(const Manifest& manifest, std::size_t index, PicturesToRe
 
 } // namespace
 
-std::vector<ImageFiles> readImageFiles(const Manifest& manifest, PicturesToRead which) {
-    std::vector<ImageFiles> files;
-    BadInputList failures;
-    for (std::size_t i = 0; i < manifest.images.size(); ++i) {
+std::vector<ImageFiles> readImageFiles(const Manifest& manifest, PicturesToRead which, Progress& progress) {
+    const std::size_t count = manifest.images.size();
+    std::vector<ImageFiles> files(count);
+    std::vector<std::string> wrong(count); // in the images' order, whichever thread reads them
+    const auto read = [&](std::size_t i) {
         try {
-            files.push_back(readFilesOf(manifest, i, which));
+            files[i] = readFilesOf(manifest, i, which);
         } catch (const BadInput& failure) {
-            failures.add(failure.what());
+            wrong[i] = failure.what();
         }
-    }
+    };
+    inParallel(count, read, [&](std::size_t done) { progress.tell(done, count); });
+    BadInputList failures;
+    for (const std::string& text : wrong)
+        if (!text.empty())
+            failures.add(text);
     failures.throwIfAny();
     return files;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Progress.h"
 #include "picture/GeoReference.h"
 #include "picture/Picture.h"
 #include "site/Manifest.h"
@@ -29,8 +30,9 @@ enum class PicturesToRead {
     Needed ///< Those without which no place is known.
 };
 
-/// Reads the files of all images, each once, in the order of the manifest. A picture that cannot be read is
-/// noted, a world file that cannot be read is an error: throws BadInput with one line for every such image.
-std::vector<ImageFiles> readImageFiles(const Manifest& manifest, PicturesToRead which);
+/// Reads the files of all images, each once, several at the same time; the result is in the order of the
+/// manifest. A picture that cannot be read is noted, a world file that cannot be read is an error: throws
+/// BadInput with one line for every such image.
+std::vector<ImageFiles> readImageFiles(const Manifest& manifest, PicturesToRead which, Progress& progress);
 
 } // namespace rasterplan_tool

@@ -38,9 +38,10 @@ constexpr std::string_view noPlaneText =
 
 } // namespace
 
-Site readSite(const std::filesystem::path& file, PicturesToRead which) {
+Site readSite(const std::filesystem::path& file, PicturesToRead which, Console& console) {
     Site site{readManifest(file), {}, {}};
-    site.files = readImageFiles(site.manifest, which);
+    Progress progress(console.err, "reading pictures");
+    site.files = readImageFiles(site.manifest, which, progress);
     site.places = placeImages(site.manifest, site.files);
     return site;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Console.h"
 #include "report/Plane.h"
 #include "site/ImageFiles.h"
 #include "site/Manifest.h"
@@ -22,8 +23,8 @@ struct Site {
 };
 
 /// Reads a site and places its images. Throws BadInput with one line for every image that is wrong, or for
-/// what is wrong with the file.
-Site readSite(const std::filesystem::path& file, PicturesToRead which);
+/// what is wrong with the file. A terminal sees how far that has come.
+Site readSite(const std::filesystem::path& file, PicturesToRead which, Console& console);
 
 /// The site's images as the library takes them, in the site's unit. `paths` are the texts by which the
 /// drawing names the pictures, one per image. Throws BadInput with one line for every image that has no width
