@@ -65,6 +65,22 @@ TEST(Notices, MoreAlikeAreOneLineWithTheFirstThreeAndTheCount) {
               "rasterplan: note: the sun shone\n");
 }
 
+TEST(Notices, ComplaintsStandApart) {
+    Notices notices;
+    for (const char* image : {"a", "b", "c", "d", "e"}) {
+        notices.warn({"S", image}, "they are red", "it is red");
+        notices.warn({"S", image}, "they are cold", "it is cold");
+    }
+    std::ostringstream out;
+    std::ostringstream err;
+    Console console{out, err};
+    notices.tell(console);
+    EXPECT_EQ(
+        err.str(),
+        "rasterplan: warning: S: a, b, c and 2 more (5 in all): they are red; --verbose tells of each\n"
+        "rasterplan: warning: S: a, b, c and 2 more (5 in all): they are cold; --verbose tells of each\n");
+}
+
 TEST(Notices, VerboseTellsOfEach) {
     const std::string text = told(40, Verbosity::Verbose);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 42);

@@ -103,6 +103,17 @@ TEST_F(ProgramWarnings, StrictRunsFailAndLeaveTheOldDrawing) {
     EXPECT_EQ(warnings("3d", siteText({imageText("a.png")}), {"--strict"}), "");
 }
 
+TEST_F(ProgramWarnings, StrictReportsFailAndPrintNothing) {
+    warnings("3d", siteText({imageText("a.png"), imageText("a.png", 1.0)}));
+    for (const char* command : {"plane", "corners"}) {
+        EXPECT_EQ(runProgram({command, at("SITE.json")}).status, 0);
+        const ProgramResult result = runProgram({command, at("SITE.json"), "--strict"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find(":2: images 1, 2 show one file, "), std::string::npos) << result.err;
+    }
+}
+
 TEST_F(ProgramWarnings, StrictViewsFailAndLeaveTheOldPage) {
     warnings("3d", siteText({imageText("nö.png")}));
     writeFile(m_folder / "out.html", "old");

@@ -106,6 +106,14 @@ TEST_F(PictureCheck, OneFileOfSeveralImagesIsOneWarning) {
             "in one of these places only; give each image a copy of the file under a name of its own\n");
 }
 
+TEST_F(PictureCheck, OneFileIsKnownBehindLinks) {
+    writeFile(m_folder / "x/note", "");
+    EXPECT_EQ(warnings(siteText({imageText("a.png")})), ""); // makes a.png
+    fs::create_hard_link(m_folder / "a.png", m_folder / "x/a.png");
+    const std::string text = warnings(siteText({imageText("a.png"), imageText("x/a.png", 1.0)}));
+    EXPECT_NE(text.find(":2: images 1, 2 show one file, "), std::string::npos) << text;
+}
+
 TEST_F(PictureCheck, SharedFilesAreNamedInTheOrderOfTheSite) {
     const std::string text = warnings(
         siteText({imageText("b.jpg"), imageText("a.png"), imageText("a.png", 1.0), imageText("b.jpg", 1.0)}));

@@ -193,8 +193,10 @@ TEST_F(PlaneReport, VerdictSaysWhichImagesThePlaneSuits) {
 TEST_F(PlaneReport, VerdictSaysWhetherYReadsAsHeight) {
     EXPECT_EQ(verdictOn({imageAt({0, 0, 0}, {1, 0, 0}, {0, 1, 0})}),
               "This plane suits the image. y is no height: it points 90.0 degrees away from upwards.\n");
-    EXPECT_EQ(verdictOn({imageAt({0, 0, 5}, {1, 0, 0}, {0, 0.6, 0.8})}),
-              "This plane suits the image. y does not read as height: it is up to 0.400000 Meters off; "
+    EXPECT_EQ(verdictOn({imageAt({0, 0, 5}, {1, 0, 0}, {0, 0.6, 0.8}),
+                         imageAt({5, 0.6, 5.8}, {1, 0, 0}, {0, 0.6, 0.8}),
+                         imageAt({9, 0, 5}, {1, 0, 0}, {0, 0.6, 0.8})}),
+              "One plane suits all 3 images. y does not read as height: it is up to 0.600000 Meters off; "
               "--y-axis=0,0,1 and a horizontal --x-axis would make it so.\n");
 }
 

@@ -72,13 +72,18 @@ TEST(Plane, PicturesSeenFromBehindAreMirroredAndTurnLikeTheirMirrorImage) {
     const Deviation turned = deviationFrom(upright, image({3, 5, 0}, {-4, 0, -3}, {-3, 0, 4}));
     EXPECT_TRUE(turned.isMirrored());
     EXPECT_NEAR(turned.turnDegrees, 36.8698976458, 1e-9);
-    EXPECT_FALSE(deviationFrom(upright, image({0, 5, 0}, {0, 1, 0}, {0, 0, 2})).isMirrored()); // edge-on
+    const Deviation edgeOn = deviationFrom(upright, image({0, 5, 0}, {-1e-8, 1, 0}, {0, 0, 2}));
+    EXPECT_GT(edgeOn.angleDegrees, 90.0);
+    EXPECT_FALSE(edgeOn.isMirrored());
 }
 
 TEST(Plane, PicturesOnTheirHeadAreTurnedByAHundredAndEighty) {
     const Deviation deviation = deviationFrom(upright, image({3, 5, 2}, {-3, 0, 0}, {0, 0, -2}));
     EXPECT_FALSE(deviation.isMirrored());
-    EXPECT_DOUBLE_EQ(std::abs(deviation.turnDegrees), 180.0);
+    EXPECT_EQ(deviation.turnDegrees, 180.0);
+    ImageParam withNegativeZeros;
+    withNegativeZeros.setImageCorners({0, 0, -2}, {0, 0, 0}, {-3, -0.0, -0.0});
+    EXPECT_EQ(deviationFrom(upright, withNegativeZeros).turnDegrees, 180.0);
 }
 
 TEST(Plane, HeightErrorIsThatOfTheWorstCorner) {

@@ -17,7 +17,8 @@ double larger(double a, double b) {
 // Of the turn that is left once the image is tilted into the plane the shortest way.
 double turnOf(const TripleDouble& u, const TripleDouble& v, const TripleDouble& x, const TripleDouble& y) {
     constexpr double degreesPerRadian = 57.295779513082320877;
-    return std::atan2(dot(u, y) - dot(v, x), dot(u, x) + dot(v, y)) * degreesPerRadian + 0.0; // no -0
+    const double sine = dot(u, y) - dot(v, x) + 0.0; // -0 would make -0 and -180 of the turn
+    return std::atan2(sine, dot(u, x) + dot(v, y)) * degreesPerRadian;
 }
 
 } // namespace
