@@ -248,6 +248,7 @@ TEST(DrawingCheck, SeenObliquely) {
     const std::string hidden = changed("0 IMAGE\n", "70 7", "70 5");
     EXPECT_EQ(findingsOf(hidden), none); // lies flat under a view from above
     EXPECT_EQ(findingsOf(changed("0 VPORT\n", "2 *Active", "2 Other", hidden)), none);
+    EXPECT_EQ(findingsOf(changed("0 VPORT\n", "16 0.0", "16 nowhere", hidden)), none);
     const Texts found{"hidden-obliquely IMAGE 8A"};
     EXPECT_EQ(findingsOf(changed("0 VPORT\n", "16 0.0", "16 1.0", hidden)), found);
     EXPECT_EQ(findingsOf(changed("0 VPORT\n", "16 0.0", "16 1.0",

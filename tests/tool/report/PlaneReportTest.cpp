@@ -82,7 +82,10 @@ protected:
 
     // The deviation of the image that the drawing written last holds.
     Deviation deviationOfLast(const Plane& plane) const {
-        const Site site = readSite(m_folder / "SITE.json", PicturesToRead::Needed);
+        std::ostringstream out;
+        std::ostringstream err;
+        Console console{out, err};
+        const Site site = readSite(m_folder / "SITE.json", PicturesToRead::Needed, console);
         return deviationFrom(plane,
                              makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {})).front());
     }

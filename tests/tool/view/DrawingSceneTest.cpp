@@ -81,6 +81,22 @@ TEST(DrawingScene, HoldsPicturesInTheirPlaces) {
     EXPECT_EQ(scene.unit, "m");
 }
 
+TEST(DrawingScene, UnitIsASymbolOrAName) {
+    const std::string inMeters = drawingText(image());
+    const struct {
+        const char* insunits;
+        const char* unit;
+    } cases[] = {{"2", "ft"},         {"21", "USSurveyFeet"},
+                 {"11", "Angstroms"}, {"0", ""},
+                 {"22", ""},          {"-1", ""},
+                 {"1e300", ""},       {"x", ""}};
+    for (const auto& each : cases) {
+        std::string text = inMeters;
+        text.replace(text.find(" 6"), 2, each.insunits);
+        EXPECT_EQ(sceneOf(text).unit, each.unit) << each.insunits;
+    }
+}
+
 TEST(DrawingScene, PictureMayBeSwitchedOffOrWithoutDefinition) {
     EXPECT_FALSE(sceneOf(drawingText(with(image(), 70, "6"))).pictures.front().isShown);
     EXPECT_EQ(sceneOf(drawingText(with(image(), 340, "99"))).pictures.front().path, "");

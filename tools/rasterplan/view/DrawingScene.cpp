@@ -37,11 +37,13 @@ constexpr std::array<UnitSymbol, 9> unitSymbols{{
     {14, "dm"},
 }};
 
-std::string_view symbolOf(int insunits) {
+// Nothing for no unit, and for a number that is none.
+std::string_view symbolOf(double insunits) {
     for (const UnitSymbol& row : unitSymbols)
         if (row.insunits == insunits)
             return row.symbol;
-    return insunits == 0 ? std::string_view() : unitName(static_cast<DrawingUnit>(insunits));
+    const bool isUnit = insunits >= 1.0 && insunits <= static_cast<int>(USSurveyFeet);
+    return isUnit ? unitName(static_cast<DrawingUnit>(static_cast<int>(insunits))) : std::string_view();
 }
 
 std::string readFile(const fs::path& file) {
@@ -80,8 +82,7 @@ public:
         }
         for (const DxfVariable& variable : headerVariables(m_records))
             if (variable.name == "$INSUNITS" && !variable.groups.empty())
-                m_scene.unit =
-                    symbolOf(static_cast<int>(realNumber(variable.groups.front().value).value_or(0.0)));
+                m_scene.unit = symbolOf(realNumber(variable.groups.front().value).value_or(0.0));
         return std::move(m_scene);
     }
 
