@@ -6,6 +6,7 @@
 //   and
 //                           how many blocks it left that were not there before
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -30,15 +31,15 @@ using Main = int (*)(int, char**, char**);
 bool isCounting = false;
 bool failsAll = false;
 long failing = 0;
-long asked = 0;
-long living = 0;
+std::atomic<long> asked = 0; // by any thread
+std::atomic<long> living = 0;
 Main realMain = nullptr;
 
 bool mustFail() noexcept {
     if (!isCounting)
         return false;
-    ++asked;
-    if (failing == 0 || asked < failing || (asked > failing && !failsAll))
+    const long number = ++asked;
+    if (failing == 0 || number < failing || (number > failing && !failsAll))
         return false;
     errno = ENOMEM;
     return true;
@@ -55,7 +56,7 @@ void report(long left) noexcept {
     if (file == -1)
         return;
     char text[64];
-    const int length = std::snprintf(text, sizeof text, "%ld %ld\n", asked, left);
+    const int length = std::snprintf(text, sizeof text, "%ld %ld\n", asked.load(), left);
     if (write(file, text, static_cast<std::size_t>(length)) != length)
         _exit(99); // without a report the driver complains as well
     close(file);

@@ -38,6 +38,11 @@ WAYS = """{"images": [
 ]}
 """
 
+# As many images as several threads read at once.
+MANY = '{"images": [' + ",\n".join(
+    f'{{"path": "{x}.png", "leftTop": [{x}, 0, 0.09], "leftBottom": [{x}, 0, 0], '
+    f'"rightBottom": [{x}.17, 0, 0], "pixelsPerUnit": 100}}' for x in range(40)) + "]}"
+
 # Results of the library that may stand for a lack of memory: a file cannot be opened without, and the others.
 LIBRARY_RESULTS = {3, 4, 6, 10}
 
@@ -57,9 +62,12 @@ class Case:
         self.drawing = self.folder / "out.dxf"
         for picture in ("grey-17x9.png", "grey-17x9.jpg", "map-17x9.tif", "map-17x9.tfw"):
             shutil.copy(options.pictures / picture, self.folder)
+        for x in range(40):
+            shutil.copy(options.pictures / "grey-17x9.png", self.folder / f"{x}.png")
         (self.folder / "SITE.json").write_text(SITE)
         (self.folder / "checked.dxf").write_text(CHECKED)
         (self.folder / "WAYS.json").write_text(WAYS)
+        (self.folder / "MANY.json").write_text(MANY)
         self.drawing.write_bytes(OLD_DRAWING)
         self.names = sorted(os.listdir(self.folder))
         self.status, self.asked, self.left = self.run(0, False)
@@ -128,6 +136,7 @@ def cases(options, work):
     yield tool("3d every way", "3d", "@/WAYS.json", "@/out.dxf")
     yield tool("corners", "corners", "@/WAYS.json")
     yield tool("help", "--help")
+    yield tool("3d threads", "3d", "@/MANY.json", "@/out.dxf")
     for form in ("3d", "2d"):
         folder = work / f"library-{form}"
         yield Case(options, f"library {form}", options.host, [form, str(folder / "out.dxf")], work)

@@ -28,7 +28,7 @@ protected:
         const Site read = readSite(writeFile(m_folder / "SITE.json", site), PicturesToRead::All, console);
         Notices notices;
         checkManifest(read.manifest, notices);
-        checkPictures(read, makeImages(read, drawingPaths(read.manifest, PathForm::AsGiven, {})), notices);
+        checkPictures(read, makeImages(read, drawingPaths(read, PathForm::AsGiven, {})), notices);
         notices.tell(console);
         EXPECT_EQ(out.str(), "");
         return err.str();

@@ -87,7 +87,7 @@ protected:
         Console console{out, err};
         const Site site = readSite(m_folder / "SITE.json", PicturesToRead::Needed, console);
         return deviationFrom(plane,
-                             makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {})).front());
+                             makeImages(site, drawingPaths(site, PathForm::AsGiven, {})).front());
     }
 
     // How far the frame lies beside the picture in the drawing written last, corner by corner.

@@ -48,7 +48,7 @@ void print(std::ostream& out, const Site& site) {
 void execute(const ShowCorners& command, Console& console, const MemoryWatch& memory) {
     const Site site = readSite(command.site, PicturesToRead::Needed, console);
     RasterPlanWriter drawing;
-    addImages(drawing, site.manifest, makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {})));
+    addImages(drawing, site.manifest, makeImages(site, drawingPaths(site, PathForm::AsGiven, {})));
     Notices notices;
     checkManifest(site.manifest, notices);
     notices.tell(console);

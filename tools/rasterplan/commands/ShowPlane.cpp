@@ -11,8 +11,7 @@ namespace rasterplan_tool {
 
 void execute(const ShowPlane& command, Console& console, const MemoryWatch& memory) {
     const Site site = readSite(command.site, PicturesToRead::Needed, console);
-    const std::vector<ImageParam> images =
-        makeImages(site, drawingPaths(site.manifest, PathForm::AsGiven, {}));
+    const std::vector<ImageParam> images = makeImages(site, drawingPaths(site, PathForm::AsGiven, {}));
     RasterPlanWriter drawing;
     addImages(drawing, site.manifest, images);
     Notices notices;

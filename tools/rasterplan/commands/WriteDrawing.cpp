@@ -40,7 +40,7 @@ void refuseToReplaceInput(const fs::path& destination, const Site& site) {
         refuseToReplace(destination, "the template of all drawings");
     for (std::size_t i = 0; i < site.files.size(); ++i) {
         const std::optional<WorldFile>& worldFile = site.files[i].worldFile;
-        if (isSamePlace(destination, site.manifest.pictureFile(i)))
+        if (isSamePlace(destination, site.files[i].file))
             refuseToReplace(destination, "the picture of image " + std::to_string(i + 1));
         if (worldFile && isSamePlace(destination, worldFile->path))
             refuseToReplace(destination, "the world file of image " + std::to_string(i + 1));
@@ -94,7 +94,7 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
     if (command.pathForm == PathForm::Collected)
         copies = picturesToCollect(manifest, pending.destination());
 
-    const std::vector<ImageParam> images = makeImages(site, drawingPaths(manifest, command.pathForm, folder));
+    const std::vector<ImageParam> images = makeImages(site, drawingPaths(site, command.pathForm, folder));
     RasterPlanWriter drawing(wideFromPath(pending.temporary()).c_str());
     addImages(drawing, manifest, images);
     Notices notices;

@@ -45,13 +45,12 @@ std::wstring drawingPath(PathForm form, const std::string& asGiven, const fs::pa
     return wideFromPath(written);
 }
 
-std::vector<std::wstring> drawingPaths(const Manifest& manifest, PathForm form,
-                                       const fs::path& drawingFolder) {
+std::vector<std::wstring> drawingPaths(const Site& site, PathForm form, const fs::path& drawingFolder) {
+    const Manifest& manifest = site.manifest;
     std::vector<std::wstring> paths;
     for (std::size_t i = 0; i < manifest.images.size(); ++i) {
         try {
-            paths.push_back(
-                drawingPath(form, manifest.images[i].path, manifest.pictureFile(i), drawingFolder));
+            paths.push_back(drawingPath(form, manifest.images[i].path, site.files[i].file, drawingFolder));
         } catch (const BadInput& failure) {
             throw BadInput(manifest.where(i) + ": " + failure.what());
         }

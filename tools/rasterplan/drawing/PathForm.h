@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Notices.h"
-#include "site/Manifest.h"
+#include "site/Site.h"
 
 #include <filesystem>
 #include <string>
@@ -28,8 +28,8 @@ std::wstring drawingPath(PathForm form, const std::string& asGiven, const std::f
                          const std::filesystem::path& drawingFolder);
 
 /// The texts by which the drawing names the pictures of a site, one per image. Throws BadInput as drawingPath
-/// does, with the image's place in SITE.json.
-std::vector<std::wstring> drawingPaths(const Manifest& manifest, PathForm form,
+/// does, with the image's place in SITE.json. But for PathForm::AsGiven all pictures must have been read.
+std::vector<std::wstring> drawingPaths(const Site& site, PathForm form,
                                        const std::filesystem::path& drawingFolder);
 
 /// Warns of every picture that is there, but to which its text in SITE.json does not lead from the drawing's

@@ -30,8 +30,9 @@ ImageFiles readFilesOf(const Manifest& manifest, std::size_t index, PicturesToRe
         files.worldFile = readWorldFileOf(manifest, index, *map);
     if (which == PicturesToRead::Needed && std::holds_alternative<CornerPlace>(place))
         return files;
+    files.file = manifest.pictureFile(index);
     try {
-        files.picture = readPicture(manifest.pictureFile(index));
+        files.picture = readPicture(files.file);
     } catch (const PictureError& error) {
         files.picture = error;
     }

@@ -20,6 +20,7 @@ struct WorldFile {
 
 /// What the files of an image say.
 struct ImageFiles {
+    std::filesystem::path file; ///< The picture's, as Manifest::pictureFile; empty when it was not read.
     std::variant<std::monostate, Picture, PictureError> picture; ///< The first when it was not read.
     std::optional<WorldFile> worldFile; ///< Of an image that is placed by a map, where there is one.
 };
