@@ -5,6 +5,7 @@
 #include <exception>
 #include <limits>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -74,7 +75,7 @@ public:
             }
         } catch (const std::system_error&) {
             // those that run do the work, or the caller alone
-        } catch (...) {
+        } catch (const std::bad_alloc&) {
             join();
             throw;
         }
