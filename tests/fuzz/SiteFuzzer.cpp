@@ -52,7 +52,7 @@ void demandGood(const Manifest& manifest) {
 Site placed(const Manifest& manifest) {
     const MapTransform transform{.x = 100.0, .y = 200.0, .xPerColumn = 0.5, .yPerRow = -0.5};
     const Picture picture{PictureFormat::Tiff, {17, 9}, false, GeoReference{transform, "", std::nullopt}};
-    Site site{manifest, std::vector<ImageFiles>(manifest.images.size(), {picture, std::nullopt}), {}};
+    Site site{manifest, std::vector<ImageFiles>(manifest.images.size(), {{}, picture, std::nullopt}), {}};
     site.places = placeImages(site.manifest, site.files);
     for (const CornerPlace& place : site.places) {
         demandGood(place.leftTop);

@@ -31,7 +31,7 @@ void demandRectangle(const MapTransform& transform) {
     constexpr PixelSize size{17, 9};
     const Manifest manifest{"SITE.json", Meters, {{1, "a.png", "", MapPlace{}, Meters}}};
     const Picture picture{PictureFormat::Png, size, false, std::nullopt};
-    const CornerPlace place = placeImages(manifest, {{picture, WorldFile{"a.pgw", transform}}}).front();
+    const CornerPlace place = placeImages(manifest, {{{}, picture, WorldFile{"a.pgw", transform}}}).front();
     const double pixel = 1.0 / place.pixelsPerUnit;
     if (std::abs(transform.x) > 1e6 * pixel || std::abs(transform.y) > 1e6 * pixel)
         return; // beside such coordinates the pixels lose digits

@@ -86,8 +86,7 @@ protected:
         std::ostringstream err;
         Console console{out, err};
         const Site site = readSite(m_folder / "SITE.json", PicturesToRead::Needed, console);
-        return deviationFrom(plane,
-                             makeImages(site, drawingPaths(site, PathForm::AsGiven, {})).front());
+        return deviationFrom(plane, makeImages(site, drawingPaths(site, PathForm::AsGiven, {})).front());
     }
 
     // How far the frame lies beside the picture in the drawing written last, corner by corner.
