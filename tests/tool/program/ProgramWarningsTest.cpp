@@ -59,8 +59,11 @@ TEST_F(ProgramWarnings, PathsAsGivenThatLeadNowhereFromTheDrawing) {
     fs::create_directory(m_folder / "plan");
     fs::copy_file(m_folder / "a.png", m_folder / "sub/a.png");
     fs::copy_file(m_folder / "c.png", m_folder / "plan/c.png");
-    writeFile(m_folder / "SITE.json", siteText({imageText("sub/a.png"), imageText(at("b.png"), 0.17),
-                                                imageText("none.png", 0.34), imageText("c.png", 0.51)}));
+    // A backslash would be no text of JSON.
+    const std::u8string whole = (m_folder / "b.png").generic_u8string();
+    writeFile(m_folder / "SITE.json",
+              siteText({imageText("sub/a.png"), imageText(std::string(whole.begin(), whole.end()), 0.17),
+                        imageText("none.png", 0.34), imageText("c.png", 0.51)}));
     const auto said = [&](const char* output) {
         return runProgram({"3d", at("SITE.json"), at(output), "--paths", "as-given"}).err;
     };
