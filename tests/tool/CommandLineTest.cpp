@@ -171,6 +171,7 @@ TEST(CommandLine, MistakesAreSaidInWordsWithTheWayToTheHelp) {
         {{"corners"}, "SITE.json is required"},
         {{"3d", "s", "o", "--paths", "some"}, "--paths: some not in {relative,absolute,as-given}"},
         {{"3d", "s", "o", "--paths"}, "--paths"},
+        {{"3d", "--", "--s"}, "OUT.dxf is required"},
     };
     for (const auto& wrong : cases) {
         const std::string failure = failureOf(wrong.arguments);

@@ -155,8 +155,6 @@ std::string textMistake(std::string_view read, char stop) {
 std::string endMistake(const Scan& scan) {
     if (scan.before.kind == Kind::None)
         return "there is nothing in it; write {\"images\": [...]}";
-    if (scan.open() == '\0')
-        return "it ends too early; write the rest";
     return std::string("it ends too early: ") + (scan.open() == '{' ? "} is" : "] is") +
            " missing; write the rest";
 }
