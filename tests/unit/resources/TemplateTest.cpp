@@ -427,6 +427,53 @@ TEST_F(Template, HasHeaderVariablesThatNameWhatExists) {
         EXPECT_EQ(variables.count(generated), 0U) << generated << " would stand twice in the drawing";
 }
 
+// A building at 1:100 in metres: a sheet of 42 x 29.7, letters and arrows that come out 2.5 mm high. With the
+// sizes of a sheet in millimetres "zoom all" would make a dot of the building.
+TEST_F(Template, SuitsABuildingInMetres) {
+    std::map<std::string, std::vector<std::string>> variables;
+    for (const DxfVariable& variable : headerVariables(records))
+        for (const DxfGroup& group : variable.groups)
+            variables[variable.name].push_back(group.value);
+    using Values = std::vector<std::string>;
+    EXPECT_EQ(variables["$LIMMIN"], (Values{"0.0", "0.0"}));
+    EXPECT_EQ(variables["$LIMMAX"], (Values{"42.0", "29.7"}));
+    EXPECT_EQ(variables["$LTSCALE"], Values{"0.1"});
+    EXPECT_EQ(variables["$TEXTSIZE"], Values{"0.25"});
+    const DxfRecord& style = all("STYLE").at(0);
+    EXPECT_EQ(style.value(40), "0.0"); // no fixed height: every text has its own
+    EXPECT_EQ(style.value(42), "0.25");
+
+    const DxfRecord& model =
+        withHandle(entries(withHandle(entries(withHandle("9")).at("ACAD_LAYOUT"))).at("Model"));
+    EXPECT_EQ((Values{model.value(10), model.value(20)}), variables["$LIMMIN"]);
+    EXPECT_EQ((Values{model.value(11), model.value(21)}), variables["$LIMMAX"]);
+}
+
+// A drawing's dimensions follow the header until somebody picks the style, and the style from then on.
+TEST_F(Template, DrawsDimensionsAlikeByHeaderAndStyle) {
+    struct Size {
+        const char* variable;
+        int code;
+        const char* value;
+    };
+    constexpr std::array<Size, 6> sizes = {{{"$DIMSCALE", 40, "1.0"},
+                                            {"$DIMASZ", 41, "0.25"},
+                                            {"$DIMEXO", 42, "0.0625"},
+                                            {"$DIMEXE", 44, "0.125"},
+                                            {"$DIMTXT", 140, "0.25"},
+                                            {"$DIMGAP", 147, "0.0625"}}};
+    std::map<std::string, std::string> variables;
+    for (const DxfVariable& variable : headerVariables(records))
+        if (!variable.groups.empty())
+            variables[variable.name] = variable.groups.front().value;
+    const DxfRecord& style = all("DIMSTYLE").at(0);
+    for (const Size& size : sizes) {
+        SCOPED_TRACE(size.variable);
+        EXPECT_EQ(variables[size.variable], size.value);
+        EXPECT_EQ(style.value(size.code), size.value);
+    }
+}
+
 TEST_F(Template, DeclaresTheClassesOfItsObjects) {
     // These types are part of the format and need no declaration.
     const std::set<std::string> builtIn = {"DICTIONARY", "MLINESTYLE"};
