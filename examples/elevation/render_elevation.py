@@ -7,25 +7,25 @@ from pathlib import Path
 FOLDER = Path(__file__).resolve().parent
 sys.path.insert(0, str(FOLDER.parent / "rendering"))
 
-from building import U, UP  # noqa: E402
 from ortho import Picture, produce  # noqa: E402
+from scanner import outside  # noqa: E402
+from shapes import U, UP  # noqa: E402
 
-LOWER, SEAM, UPPER = -2.0, 3.2, 12.0
-
-
-def tile(name, title, left, right, bottom, top, pixelsPerUnit):
-    return Picture(name, title, (left, 0.0, bottom), U, UP, right - left, top - bottom, pixelsPerUnit,
-                   front=1.4, back=7.0)
+LOWER, SEAM, UPPER = -1.25, 3.25, 12.5
 
 
-# The upper row starts further right, so that the lower left picture alone has the leftmost corner.
-PICTURES = [
-    tile("unten-links.png", "Südfassade unten links", -1.75, 5.6, LOWER, SEAM, 100.0),
-    tile("unten-mitte.png", "Südfassade unten Mitte", 5.6, 12.4, LOWER, SEAM, 100.0),
-    tile("unten-rechts.png", "Südfassade unten rechts", 12.4, 19.75, LOWER, SEAM, 100.0),
-    tile("oben-links.png", "Südfassade oben links", -1.0, 9.0, SEAM, UPPER, 80.0),
-    tile("oben-rechts.png", "Südfassade oben rechts", 9.0, 19.0, SEAM, UPPER, 80.0),
-]
+def tile(name, left, right, bottom, top, pixelsPerUnit):
+    return Picture(name, (left, 0.0, bottom), U, UP, right - left, top - bottom, pixelsPerUnit, front=2.5, back=5.75)
+
 
 if __name__ == "__main__":
-    produce(PICTURES, FOLDER)
+    # The upper row starts further right, so that the lower left picture alone has the leftmost corner.
+    tiles = [
+        tile("unten-links.png", -2.5, 5.0, LOWER, SEAM, 100.0),
+        tile("unten-mitte.png", 5.0, 12.5, LOWER, SEAM, 100.0),
+        tile("unten-rechts.png", 12.5, 20.0, LOWER, SEAM, 100.0),
+        tile("oben-links.png", -1.25, 8.75, SEAM, UPPER, 80.0),
+        tile("oben-rechts.png", 8.75, 18.75, SEAM, UPPER, 80.0),
+    ]
+    around = outside()
+    produce([(each, around) for each in tiles], FOLDER)

@@ -1,18 +1,22 @@
-"""Ortho pictures of a scan: points of a slab projected into a plane, labelled, described in a SITE.json."""
+"""Ortho pictures of a scan: points of a slab projected into a plane, transparent where none fell, and a SITE.json."""
 
 import json
 from dataclasses import dataclass
 from pathlib import Path
 
 import numpy as np
-from PIL import Image, ImageDraw, ImageFont
+from PIL import Image
 
-import building
+import scanner
+from scene import surfaces
+from shapes import ANCHOR, toSurvey, turned
 
+# What programs without transparency show where nothing was measured.
 PAPER = (250, 250, 247)
-INK = (24, 30, 44)
 CUT = (178, 24, 38)
-COLOURS = 64
+COLOURS = 56
+# Edges fade in this many steps; their few pixels need few colours.
+SOFT, SOFT_COLOURS = (85, 170), 12
 
 
 @dataclass
@@ -25,7 +29,6 @@ class Picture:
     """
 
     name: str
-    title: str
     corner: tuple
     right: np.ndarray
     up: np.ndarray
@@ -40,40 +43,35 @@ class Picture:
     def size(self):
         """Columns and rows."""
         exact = self.width * self.pixelsPerUnit, self.height * self.pixelsPerUnit
-        counts = tuple(round(count) for count in exact)
-        if max(abs(a - b) for a, b in zip(exact, counts)) > 1e-6:
+        if any(count % 1 for count in exact):
             raise ValueError(f"{self.name}: {exact[0]} x {exact[1]} is no whole number of pixels")
-        return counts
+        return tuple(int(count) for count in exact)
 
     def at(self, alongU, alongV):
         """The survey coordinates of a place of the picture, given in metres from its left-bottom corner."""
-        return building.toSurvey(*(np.array(self.corner) + alongU * self.right + alongV * self.up))
+        return toSurvey(*(np.array(self.corner) + alongU * self.right + alongV * self.up))
 
-    @property
-    def leftBottom(self):
-        return self.at(0.0, 0.0)
-
-    @property
-    def leftTop(self):
-        return self.at(0.0, self.height)
-
-    @property
-    def rightBottom(self):
-        return self.at(self.width, 0.0)
+    def corners(self):
+        """Left top, left bottom and right bottom, in eighths of a metre: binary numbers hold them exactly."""
+        corners = {"leftTop": self.at(0, self.height), "leftBottom": self.at(0, 0),
+                   "rightBottom": self.at(self.width, 0)}
+        for name, corner in corners.items():
+            if (corner * 8 % 1).any():
+                raise ValueError(f"{self.name}: {name} {corner} is no multiple of 1/8")
+        return corners
 
     def axes(self):
-        """U, V and the direction towards the viewer, from the corners as the manifest gives them."""
-        u = (self.rightBottom - self.leftBottom) / self.width
-        v = (self.leftTop - self.leftBottom) / self.height
+        """U, V and the direction towards the viewer."""
+        u, v = turned(self.right), turned(self.up)
         return u, v, np.cross(u, v)
 
 
-def render(picture, scene):
-    """Projects the scan of `scene` into the picture; of the points in a pixel the nearest one shows."""
+def render(picture, scene, stations):
+    """Projects what the stations measured into the picture; of the points in a pixel the nearest one shows."""
     columns, rows = picture.size
     u, v, towards = picture.axes()
-    origin = picture.leftBottom - building.ANCHOR
-    colours = np.tile(np.array(PAPER, np.uint8), (rows * columns, 1))
+    origin = turned(picture.corner)
+    colours = np.zeros((rows * columns, 3), np.uint8)
     nearest = np.full(rows * columns, -np.inf, np.float32)
     onCut = np.zeros(rows * columns, bool)
     low, high = slabBounds(picture)
@@ -88,10 +86,7 @@ def render(picture, scene):
         partLow, partHigh = part.bounds()
         if (partLow > high).any() or (partHigh < low).any():
             continue
-
-        points, tones = part.scan(seed, inside)
-        if not len(points):
-            continue
+        points, tones = scanner.measured(part, stations, seed, inside)
         relative = points.astype(np.float64) - origin
         column = np.minimum((relative @ u * picture.pixelsPerUnit).astype(np.int64), columns - 1)
         row = rows - 1 - np.minimum((relative @ v * picture.pixelsPerUnit).astype(np.int64), rows - 1)
@@ -104,15 +99,18 @@ def render(picture, scene):
         if picture.cut:
             onCut[pixel[np.abs(depth) < 0.02]] = True
 
-    colours = closeGaps(colours.reshape(rows, columns, 3), nearest.reshape(rows, columns))
+    nearest = nearest.reshape(rows, columns)
+    colours = closeGaps(colours.reshape((rows, columns, 3)), nearest)
+    colours, alpha = softened(colours, np.isfinite(nearest))
     if picture.cut:
-        colours[widened(onCut.reshape(rows, columns))] = CUT
-    return Image.fromarray(colours)
+        line = widened(onCut.reshape(rows, columns))
+        colours[line], alpha[line] = CUT, 255
+    return colours, alpha
 
 
 def slabBounds(picture):
     _, _, towards = picture.axes()
-    corners = [picture.at(a * picture.width, b * picture.height) + offset * towards - building.ANCHOR
+    corners = [picture.at(a * picture.width, b * picture.height) + offset * towards - ANCHOR
                for a in (0, 1) for b in (0, 1) for offset in (picture.front, -picture.back)]
     return np.min(corners, axis=0), np.max(corners, axis=0)
 
@@ -131,6 +129,7 @@ def closeGaps(colours, nearest):
     gap = (before > nearest + 0.05).sum(axis=0) >= 3
     front = before.argmax(axis=0)
     filled = np.choose(front[..., None], neighbours(colours))
+    nearest[gap] = before.max(axis=0)[gap]
     return np.where(gap[..., None], filled, colours)
 
 
@@ -138,132 +137,71 @@ def widened(mask):
     return mask | np.any(neighbours(mask), axis=0)
 
 
-# ---- labels
+def blurred(field, weights):
+    """The field under a small bell of weights along both axes, edges repeated."""
+    reach = len(weights) // 2
+    for axis in (0, 1):
+        padded = np.pad(field, [(reach, reach) if i == axis else (0, 0) for i in range(field.ndim)], mode="edge")
+        field = sum(weight * np.take(padded, np.arange(i, i + field.shape[axis]), axis)
+                    for i, weight in enumerate(np.float32(weights)))
+    return field
 
 
-def font(size, bold=False):
-    return ImageFont.truetype("DejaVuSans-Bold.ttf" if bold else "DejaVuSans.ttf", size)
+def softened(colours, hit):
+    """The blur of a photograph, pixels between points filled, and edges that fade."""
+    weighted = colours.astype(np.float32) * hit[..., None]
+    hits = hit.astype(np.float32)
+    narrow, wide = (0.2, 0.6, 0.2), (0.1, 0.24, 0.32, 0.24, 0.1)
+    near, far = blurred(hits, narrow), blurred(hits, wide)
+    tones = np.where((near > 0.3)[..., None], blurred(weighted, narrow) / np.maximum(near, 1e-6)[..., None],
+                     blurred(weighted, wide) / np.maximum(far, 1e-6)[..., None])
+    return np.clip(tones, 0, 255).astype(np.uint8), np.clip((far - 0.2) / 0.4 * 255, 0, 255).astype(np.uint8)
 
 
-def panel(image, left, top, width, height):
-    """A bright field for a text, through which the picture still shows."""
-    area = (left, top, left + width, top + height)
-    field = Image.new("RGB", (width, height), PAPER)
-    image.paste(Image.blend(image.crop(area), field, 0.84), area)
+def indexed(colours, count):
+    """Indices of a list of colours into a palette of at most `count`, and the palette."""
+    sheet = Image.fromarray(colours.reshape(1, -1, 3))
+    # Without dithering, which would only add noise to the noise.
+    sheet = sheet.quantize(count, method=Image.Quantize.MAXCOVERAGE, kmeans=2, dither=Image.Dither.NONE)
+    palette = np.array(sheet.getpalette()[:3 * count], np.uint8).reshape(-1, 3)
+    return np.asarray(sheet)[0], palette
 
 
-def textBlock(image, lines, anchor, size=15):
-    """Writes lines, the first one bold, in a panel at `anchor`: left, middle or right, and top or bottom."""
-    fonts = [font(size + 5, True)] + [font(size)] * (len(lines) - 1)
-    widths = [int(np.ceil(face.getlength(line))) for face, line in zip(fonts, lines)]
-    heights = [round(face.size * 1.28) for face in fonts]
-    width, height = max(widths) + 14, sum(heights) + 8
-    edge = 8
-    share = {"left": 0.0, "middle": 0.5, "right": 1.0}[anchor[0]]
-    left = edge + int(share * (image.width - width - 2 * edge))
-    top = {"top": edge, "bottom": image.height - height - edge}[anchor[1]]
-    panel(image, left, top, width, height)
-    draw = ImageDraw.Draw(image)
-    y = top + 4
-    for face, line, lineWidth, lineHeight in zip(fonts, lines, widths, heights):
-        draw.text((left + 7 + int(share * (width - 14 - lineWidth)), y), line, font=face, fill=INK)
-        y += lineHeight
-    return left, top, width, height
-
-
-def arrow(draw, start, direction, length, label):
-    """An arrow with a bright edge; `direction` counts upwards, the picture's rows downwards."""
-    x, y = np.array(direction, float) / np.hypot(*direction)
-
-    def at(forwards, leftwards=0.0):
-        return start[0] + forwards * x - leftwards * y, start[1] - forwards * y - leftwards * x
-
-    for colour, edge in ((PAPER, 4), (CUT, 0)):
-        draw.line((*at(-edge), *at(length)), fill=colour, width=4 + 2 * edge)
-        tip, foot = length + 14 + 2 * edge, length - edge
-        draw.polygon((at(tip), at(foot, 7 + edge), at(foot, -7 - edge)), fill=colour)
-    draw.text(at(length + 30), label, font=font(18, True), fill=CUT, anchor="mm",
-              stroke_width=4, stroke_fill=PAPER)
-
-
-def heightScale(image, picture, top, bottom):
-    """Ticks on the right edge at every whole metre above sea level, between two rows of the picture."""
-    draw = ImageDraw.Draw(image)
-    lowest, highest = picture.leftBottom[2], picture.leftTop[2]
-    face = font(15)
-    for metres in range(int(np.ceil(lowest)), int(np.floor(highest)) + 1):
-        y = round((highest - metres) * picture.pixelsPerUnit)
-        if top < y < bottom:
-            text = f"{metres:.2f} m"
-            width = int(np.ceil(face.getlength(text)))
-            panel(image, image.width - width - 34, y - 10, width + 8, 20)
-            draw.text((image.width - 30, y), text, font=face, fill=INK, anchor="rm")
-            draw.line((image.width - 24, y, image.width, y), fill=INK, width=2)
-
-
-def label(image, picture):
-    """Draws name, scale, corners and axes into the picture."""
-    columns, rows = picture.size
-
-    def corner(name, point):
-        return [name] + [f"{letter} {value:.3f}" for letter, value in zip("ENH", point)]
-
-    draw = ImageDraw.Draw(image)
-    millimetres = 1000.0 / picture.pixelsPerUnit
-    _, top, _, _ = textBlock(image, corner("LB", picture.leftBottom), ("left", "bottom"))
-    textBlock(image, corner("LT", picture.leftTop), ("left", "top"))
-    _, rightTop, _, _ = textBlock(image, corner("RB", picture.rightBottom), ("right", "bottom"))
-    scale = f"{picture.pixelsPerUnit:g} px/m, 1 px = {millimetres:g} mm"
-    size = f"{columns} \u00d7 {rows} px"
-    textBlock(image, [picture.name, picture.title, scale, size], ("middle", "bottom"))
-
-    foot = 34, top - 26
-    arrow(draw, foot, (0, 1), 54, "V")
-    arrow(draw, foot, (1, 0), 54, "U")
-
-    metres = 2
-    length = round(metres * picture.pixelsPerUnit)
-    besideCorner = columns > 900
-    left, y = (columns - length - 200, rows - 24) if besideCorner else (columns - length - 34, rightTop - 12)
-    half = length // 2
-    panel(image, left - 8, y - 26, length + 16, 38)
-    draw.rectangle((left, y, left + half, y + 7), fill=INK, outline=INK)
-    draw.rectangle((left + half, y, left + length, y + 7), fill=PAPER, outline=INK)
-    draw.text((left + half, y - 5), f"{metres} m", font=font(15), fill=INK, anchor="mb")
-
-    u, v, _ = picture.axes()
-    if abs(v[2]) > 0.5:
-        heightScale(image, picture, 20, rightTop - 14 if besideCorner else y - 36)
-    else:
-        arrow(draw, (columns - 90, 110), (u[1], v[1]), 50, "N")
-
-    draw.rectangle((0, 0, columns - 1, rows - 1), outline=INK, width=2)
-    return image
-
-
-def save(image, path):
-    """Writes a palette PNG; without dithering, which would only add noise to the noise."""
-    indexed = image.quantize(COLOURS, method=Image.Quantize.MAXCOVERAGE, kmeans=2, dither=Image.Dither.NONE)
-    indexed.save(path, optimize=True)
+def save(colours, alpha, path):
+    """Writes a palette PNG whose palette carries the transparency too."""
+    indices = np.zeros(alpha.shape, np.uint8)
+    palette, opacity = [np.array([PAPER], np.uint8)], [0]
+    level = np.digitize(alpha, (64, 128, 192))
+    for step, (value, count) in enumerate(zip(SOFT + (255,), (SOFT_COLOURS,) * 2 + (COLOURS,)), 1):
+        chosen = level == step
+        if chosen.any():
+            places, tones = indexed(colours[chosen], count)
+            indices[chosen] = places + len(opacity)
+            palette.append(tones)
+            opacity += [value] * len(tones)
+    image = Image.fromarray(indices, "P")
+    image.putpalette(np.concatenate(palette).tobytes())
+    image.save(path, optimize=True, transparency=bytes(opacity))
 
 
 def writeManifest(pictures, path):
     """Writes the SITE.json; numbers in the shortest text that reads back as the same double."""
     entries = []
     for picture in pictures:
-        fields = [("path", picture.name), ("leftTop", list(picture.leftTop)),
-                  ("leftBottom", list(picture.leftBottom)), ("rightBottom", list(picture.rightBottom)),
-                  ("pixelsPerUnit", picture.pixelsPerUnit)]
+        fields = [("path", picture.name)] + [(name, list(corner)) for name, corner in picture.corners().items()]
+        fields.append(("pixelsPerUnit", picture.pixelsPerUnit))
         lines = [f"      {json.dumps(key)}: {json.dumps(value, ensure_ascii=False)}" for key, value in fields]
         entries.append("    {\n" + ",\n".join(lines) + "\n    }")
     text = '{\n  "unit": "Meters",\n  "images": [\n' + ",\n".join(entries) + "\n  ]\n}\n"
     Path(path).write_text(text, encoding="utf-8", newline="\n")
 
 
-def produce(pictures, folder):
-    """Renders the pictures into the folder and writes their SITE.json beside them."""
-    scene = building.surfaces()
-    for picture in pictures:
-        save(label(render(picture, scene), picture), Path(folder) / picture.name)
-        print(f"{picture.name}: {picture.size[0]} x {picture.size[1]} px")
-    writeManifest(pictures, Path(folder) / "SITE.json")
+def produce(shots, folder):
+    """Renders pictures, each given with the stations that are used for it, and writes their SITE.json beside them."""
+    scene = surfaces()
+    for picture, stations in shots:
+        for station in stations:
+            station.look(scene)
+        save(*render(picture, scene, stations), Path(folder) / picture.name)
+        print(f"{picture.name}: {picture.size[0]} x {picture.size[1]} px", flush=True)
+    writeManifest([picture for picture, _ in shots], Path(folder) / "SITE.json")

@@ -125,19 +125,6 @@ TEST_F(Program, SameInputGivesTheSameBytes) {
     EXPECT_EQ(readBytes(m_folder / "a.dxf"), readBytes(m_folder / "b.dxf"));
 }
 
-TEST_F(Program, ExampleSiteIsWrittenWithoutAWordOfWarning) {
-    const ProgramResult result = runProgram({"3d", example("site"), at("site.dxf")});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.err, "");
-    EXPECT_EQ(countOf(readBytes(m_folder / "site.dxf"), "0\r\nIMAGE\r\n"), 6U);
-}
-
-TEST_F(Program, ExampleElevationIsFlattenedWithoutAWordOfWarning) {
-    const ProgramResult result = runProgram({"2d", example("elevation"), at("elevation.dxf")});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.err, "");
-}
-
 TEST_F(Program, PlaneIsProposedAsATable) {
     const ProgramResult result = runProgram({"plane", at("SITE.json")});
     EXPECT_EQ(result.status, 0) << result.err;
