@@ -439,7 +439,7 @@ TEST_F(Template, SuitsABuildingInMetres) {
     EXPECT_EQ(variables["$LIMMAX"], (Values{"42.0", "29.7"}));
     EXPECT_EQ(variables["$LTSCALE"], Values{"0.1"});
     EXPECT_EQ(variables["$TEXTSIZE"], Values{"0.25"});
-    const DxfRecord& style = all("STYLE").at(0);
+    const DxfRecord style = all("STYLE").at(0);
     EXPECT_EQ(style.value(40), "0.0"); // no fixed height: every text has its own
     EXPECT_EQ(style.value(42), "0.25");
 
@@ -466,7 +466,7 @@ TEST_F(Template, DrawsDimensionsAlikeByHeaderAndStyle) {
     for (const DxfVariable& variable : headerVariables(records))
         if (!variable.groups.empty())
             variables[variable.name] = variable.groups.front().value;
-    const DxfRecord& style = all("DIMSTYLE").at(0);
+    const DxfRecord style = all("DIMSTYLE").at(0);
     for (const Size& size : sizes) {
         SCOPED_TRACE(size.variable);
         EXPECT_EQ(variables[size.variable], size.value);
