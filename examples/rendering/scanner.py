@@ -10,6 +10,7 @@ from shapes import turned
 
 # The share of the points of a surface that one station measures, straight on and times the squared range in metres.
 DENSITY = 130.0
+# A point so many metres behind the nearest obstacle still counts as seen: ranges are no better than that.
 SLACK = 0.03
 
 
@@ -72,12 +73,14 @@ class Station:
 def measured(part, stations, seed, wanted):
     """The points and colours that the stations bring home of a part, each point from the station that saw it best."""
     points, colours = part.scan(seed, wanted)
+    if len(points) == 0:
+        return points, colours
     rng = np.random.default_rng(10000 + seed)
-    probe = points[rng.integers(0, len(points), 400)] if len(points) else points
+    probe = points[rng.integers(0, len(points), 400)]
     best = np.zeros(len(points), np.float32)
     exposure = np.ones((len(points), 3), np.float32)
     for station in stations:
-        if not len(points) or not station.reaches(part) or not station.density(probe, part.normal).any():
+        if not station.reaches(part) or not station.density(probe, part.normal).any():
             continue
         density = station.density(points, part.normal)
         better = density * rng.uniform(0.8, 1.0, len(points)) > best
@@ -89,13 +92,19 @@ def measured(part, stations, seed, wanted):
 
 def outside():
     """Around the house at the height of a tripod, and once on either side from a window across the street."""
-    places = ((1.5, -8.5, 1.3), (11.0, -7.5, 1.3), (21.5, -7.0, 1.3), (5.0, -15.0, 6.5), (26.0, 4.0, 1.3),
-              (23.5, 16.0, 1.3), (12.0, 20.0, 1.3), (11.0, 25.0, 5.0), (3.0, 18.0, 1.3), (-6.0, 16.5, 1.3),
-              (-9.5, 5.0, 1.3))
-    exposures = ((1.06, 1.02, 0.95), (0.93, 0.94, 0.96), (0.84, 0.87, 0.93), (1.00, 0.99, 0.97), (0.93, 0.95, 1.00),
-                 (1.08, 1.06, 1.02), (0.86, 0.90, 0.97), (0.94, 0.94, 0.92), (1.00, 1.02, 1.06), (0.88, 0.91, 0.96),
-                 (1.05, 1.01, 0.95))
-    return [Station(place, 32.0, 0.15, exposure) for place, exposure in zip(places, exposures)]
+    stations = (
+        ((1.5, -8.5, 1.3), (1.06, 1.02, 0.95)),
+        ((11.0, -7.5, 1.3), (0.93, 0.94, 0.96)),
+        ((21.5, -7.0, 1.3), (0.84, 0.87, 0.93)),
+        ((5.0, -15.0, 6.5), (1.00, 0.99, 0.97)),
+        ((26.0, 4.0, 1.3), (0.93, 0.95, 1.00)),
+        ((23.5, 16.0, 1.3), (1.08, 1.06, 1.02)),
+        ((12.0, 20.0, 1.3), (0.86, 0.90, 0.97)),
+        ((11.0, 25.0, 5.0), (0.94, 0.94, 0.92)),
+        ((3.0, 18.0, 1.3), (1.00, 1.02, 1.06)),
+        ((-6.0, 16.5, 1.3), (0.88, 0.91, 0.96)),
+        ((-9.5, 5.0, 1.3), (1.05, 1.01, 0.95)))
+    return [Station(place, 32.0, 0.15, exposure) for place, exposure in stations]
 
 
 def inside():
