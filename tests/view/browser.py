@@ -5,6 +5,7 @@ import io
 import json
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -17,17 +18,19 @@ WIDTH, HEIGHT = 1000, 700
 
 
 class Browser:
-    """One page in a browser of its own, with a profile that is removed afterwards."""
+    """One page in a browser of its own, with a folder for all of its files that is removed afterwards."""
 
     def __init__(self, program, address):
-        self.profile = tempfile.mkdtemp(prefix="view-test-")
+        self.folder = tempfile.mkdtemp(prefix="view-test-")
+        self.profile = os.path.join(self.folder, "profile")
         # No driver of a graphics card, no sandbox for whoever is root, no network beyond what the page asks for.
         self.process = subprocess.Popen(
             [program, "--headless=new", "--no-sandbox", "--hide-scrollbars", "--no-first-run",
              "--disable-dev-shm-usage", "--disable-background-networking", "--disable-component-update",
              "--force-device-scale-factor=1", "--remote-debugging-port=0", "--remote-allow-origins=*",
              f"--user-data-dir={self.profile}", f"--window-size={WIDTH},{HEIGHT}", "about:blank"],
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
+            env={**os.environ, "TMPDIR": self.folder})  # where it leaves a folder behind that is not in its profile
         self.complaints = []
         self.requests = []
         self.number = 0
@@ -51,7 +54,11 @@ class Browser:
     def close(self):
         self.process.terminate()
         self.process.wait()
-        shutil.rmtree(self.profile, ignore_errors=True)
+        try:
+            os.killpg(self.process.pid, signal.SIGKILL)  # helpers that still write while their files are removed
+        except ProcessLookupError:
+            pass
+        shutil.rmtree(self.folder, ignore_errors=True)
 
     def page_address(self):
         """Where the browser listens for the commands of its page, once it does."""
