@@ -32,6 +32,13 @@ if(RASTERPLANWRITER_BUILD_TOOL)
   endif()
   install(TARGETS rasterplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/resources/site.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/rasterplan)
+  if(NOT WIN32)
+    install(FILES ${RasterPlanWriter_MANUAL} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(
+      FILES ${PROJECT_SOURCE_DIR}/tools/rasterplan/manual/rasterplan.bash
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+      RENAME rasterplan)
+  endif()
 endif()
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/RasterPlanWriter)
