@@ -17,7 +17,9 @@ BOOL WINAPI removeAndEnd(DWORD) {
     // As long as the drawing is being written it cannot be removed.
     while (DeleteFileW(pathToRemove.data()) == FALSE && GetLastError() == ERROR_SHARING_VIOLATION)
         Sleep(pauseInMilliseconds);
-    return FALSE; // the system ends the program
+    // As the system would end it, which first waits until somebody reads what is still to be printed.
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(STATUS_CONTROL_C_EXIT));
+    return TRUE;
 }
 
 } // namespace
