@@ -2,20 +2,21 @@
 """Lets every allocation of rasterplan and of a host of the library fail, one run for each.
 
 For each number N from 1 on a program runs twice: with its Nth allocation failing, and with all from the Nth on. No run
-may crash, leak, leave a file behind, lose the drawing that was there, or say anything but that the memory ran out; it
-may succeed only with the right drawing.
+may crash, leak, leave a file behind, lose the drawing or page that was there, or say anything but that the memory ran
+out; it may succeed only with the right one.
 """
 
 import argparse
 import itertools
 import os
 import shutil
+import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
 MEMORY_RAN_OUT = b"rasterplan: error: the memory ran out; close other programs or export fewer images at once\n"
-OLD_DRAWING = b"good drawing"
+OLD_OUTPUT = b"good drawing or page"
 SITE = """{"images": [
 {"path": "grey-17x9.png", "leftTop": [0, 0, 0.09], "leftBottom": [0, 0, 0], "rightBottom": [0.17, 0, 0],
  "pixelsPerUnit": 100},
@@ -59,7 +60,7 @@ class Case:
         self.folder.mkdir()
         self.report = work / "report"
         self.texts = [work / "out", work / "err"]
-        self.drawing = self.folder / "out.dxf"
+        self.output = self.folder / "out"
         for picture in ("grey-17x9.png", "grey-17x9.jpg", "map-17x9.tif", "map-17x9.tfw"):
             shutil.copy(options.pictures / picture, self.folder)
         for x in range(40):
@@ -68,7 +69,9 @@ class Case:
         (self.folder / "checked.dxf").write_text(CHECKED)
         (self.folder / "WAYS.json").write_text(WAYS)
         (self.folder / "MANY.json").write_text(MANY)
-        self.drawing.write_bytes(OLD_DRAWING)
+        subprocess.run([options.tool, "3d", self.folder / "SITE.json", self.folder / "viewed.dxf"], check=True,
+                       stdout=subprocess.DEVNULL)
+        self.output.write_bytes(OLD_OUTPUT)
         self.names = sorted(os.listdir(self.folder))
         self.status, self.asked, self.left = self.run(0, False)
         self.good = self.read()
@@ -93,15 +96,15 @@ class Case:
         return status, *map(int, self.report.read_text().split())
 
     def read(self):
-        """What the last run left: its two texts and the drawing."""
-        return [text.read_bytes() for text in self.texts] + [self.drawing.read_bytes()]
+        """What the last run left: its two texts and its output."""
+        return [text.read_bytes() for text in self.texts] + [self.output.read_bytes()]
 
     def complaint(self, number, fails_all):
         """What is wrong with a run in which allocations fail; None where nothing is. The second value tells whether
         so many allocations were asked for."""
-        self.drawing.write_bytes(OLD_DRAWING)
+        self.output.write_bytes(OLD_OUTPUT)
         status, asked, left = self.run(number, fails_all)
-        out, err, drawing = self.read()
+        out, err, output = self.read()
         if asked is None:
             return f"ended with status {status} in the midst: {err}", True
         if sorted(os.listdir(self.folder)) != self.names:
@@ -109,14 +112,14 @@ class Case:
         if left > self.good_left:
             return f"leaks {left - self.good_left} blocks", True
         if status == 0:
-            return (None if [out, err, drawing] == self.good else f"status 0, but not as it should: {err}"), asked >= number
+            return (None if [out, err, output] == self.good else f"status 0, but not as it should: {err}"), asked >= number
         if asked < number:
             return f"status {status} although nothing failed: {err}", False
         if not self.is_tool:
             return None if status in LIBRARY_RESULTS else f"result {status}", True
         if status != 1 or err != MEMORY_RAN_OUT or out != b"":
             return f"status {status}: {out} {err}", True
-        return (None if drawing == OLD_DRAWING else "the old drawing is gone"), True
+        return (None if output == OLD_OUTPUT else "the old output is gone"), True
 
 
 def cases(options, work):
@@ -124,22 +127,24 @@ def cases(options, work):
         folder = work / name.replace(" ", "-")
         return Case(options, name, options.tool, [a.replace("@", str(folder)) for a in arguments], work)
 
-    yield tool("3d", "3d", "@/SITE.json", "@/out.dxf")
-    yield tool("2d", "2d", "@/SITE.json", "@/out.dxf", "--paths=relative", "--angle-tolerance=5",
+    yield tool("3d", "3d", "@/SITE.json", "@/out")
+    yield tool("2d", "2d", "@/SITE.json", "@/out", "--paths=relative", "--angle-tolerance=5",
                "--distance-tolerance=1")
-    yield tool("2d plane", "2d", "@/SITE.json", "@/out.dxf", "--paths=as-given", "--origin=0,0.25,0", "--x-axis=1,0,0",
+    yield tool("2d plane", "2d", "@/SITE.json", "@/out", "--paths=as-given", "--origin=0,0.25,0", "--x-axis=1,0,0",
                "--y-axis=0,0,1", "--distance-tolerance=1")
     yield tool("plane", "plane", "@/SITE.json")
     yield tool("plane json", "plane", "@/SITE.json", "--json")
     yield tool("check", "check", "@/checked.dxf")
     yield tool("check json", "check", "@/checked.dxf", "--json")
-    yield tool("3d every way", "3d", "@/WAYS.json", "@/out.dxf")
+    yield tool("3d every way", "3d", "@/WAYS.json", "@/out")
     yield tool("corners", "corners", "@/WAYS.json")
+    yield tool("view", "view", "@/viewed.dxf", "@/out")
+    yield tool("view embed", "view", "@/viewed.dxf", "@/out", "--embed")
     yield tool("help", "--help")
-    yield tool("3d threads", "3d", "@/MANY.json", "@/out.dxf")
+    yield tool("3d threads", "3d", "@/MANY.json", "@/out")
     for form in ("3d", "2d"):
         folder = work / f"library-{form}"
-        yield Case(options, f"library {form}", options.host, [form, str(folder / "out.dxf")], work)
+        yield Case(options, f"library {form}", options.host, [form, str(folder / "out")], work)
 
 
 def main():
