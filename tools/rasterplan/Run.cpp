@@ -56,7 +56,7 @@ int run(const ArgumentReader& readArguments, Console console) noexcept {
         // said below, without another allocation
     }
     console.error("the memory ran out; close other programs or export fewer images at once");
-    return static_cast<int>(ExitStatus::ExportFailed);
+    return static_cast<int>(ExitStatus::Failed);
 }
 
 } // namespace rasterplan_tool

@@ -40,7 +40,7 @@ std::string strictly(std::size_t warnings, Verbosity verbosity, std::string& pri
     try {
         notices.tell(console);
     } catch (const WarningsFound& failure) {
-        EXPECT_EQ(failure.status(), ExitStatus::WarningsFound);
+        EXPECT_EQ(failure.status(), ExitStatus::Failed);
         thrown = failure.what();
     }
     printed = err.str();

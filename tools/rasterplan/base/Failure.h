@@ -8,11 +8,9 @@ namespace rasterplan_tool {
 
 /// What the program answers to the system.
 enum class ExitStatus : int {
-    Success = 0,       ///< Done; warnings may have been printed.
-    ExportFailed = 1,  ///< The input was right, but the drawing could not be written.
-    FaultsFound = 1,   ///< A drawing was checked, and something in it is wrong.
-    WarningsFound = 1, ///< There are warnings, and the user wants none.
-    BadInput = 2       ///< The command line, SITE.json or the geometry in it is wrong.
+    Success = 0, ///< Done; warnings may have been printed.
+    Failed = 1,  ///< The input was right, but nothing was written, or faults or warnings were found.
+    BadInput = 2 ///< The command line, SITE.json or what it leads to is wrong.
 };
 
 /// A failure in words for the user: what, where and what to do. Several failures stand in one line each.
@@ -54,21 +52,21 @@ private:
 class FaultsFound : public Failure {
 public:
     explicit FaultsFound(const std::string& text)
-        : Failure(ExitStatus::FaultsFound, text) {}
+        : Failure(ExitStatus::Failed, text) {}
 };
 
 /// Warnings where the user wants none; they have been printed.
 class WarningsFound : public Failure {
 public:
     explicit WarningsFound(const std::string& text)
-        : Failure(ExitStatus::WarningsFound, text) {}
+        : Failure(ExitStatus::Failed, text) {}
 };
 
 /// A drawing that could not be written.
 class ExportFailed : public Failure {
 public:
     explicit ExportFailed(const std::string& text)
-        : Failure(ExitStatus::ExportFailed, text) {}
+        : Failure(ExitStatus::Failed, text) {}
 };
 
 } // namespace rasterplan_tool

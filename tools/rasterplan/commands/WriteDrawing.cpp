@@ -111,6 +111,7 @@ void writeFile(const WriteDrawing& command, Console& console, const MemoryWatch&
     notices.tell(console);
     Progress progress(console.err, "copying pictures");
     collectPictures(copies, pending.temporary(), progress); // before the drawing, which shall not lack one
+    progress.hide();
     const RasterPlanWriter::ErrorEnum result = write(drawing, plane);
     if (result == RasterPlanWriter::DxfFailure && plane && isFarOff(*plane, images)) {
         throw ExportFailed(
