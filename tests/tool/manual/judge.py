@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Judges the manual page and the completion by the help of rasterplan: each knows what the others know, and no more.
+The sites that the page and the other documents show are judged by their schema.
 
-    judge.py TEST --tool RASTERPLAN --page PAGE --completion FILE --schema SCHEMA --site FOLDER
+    judge.py TEST --tool RASTERPLAN --page PAGE --completion FILE --schema SCHEMA --site FOLDER --documents FILE...
 """
 
 import argparse
@@ -115,9 +116,14 @@ def page_knows_the_program(options):
 
 
 def page_shows_what_works(options):
-    """The site in the page is one, and its examples run."""
+    """The sites in the page and in the documents are such, and the page's examples run."""
     page = Page(options.page)
-    jsonschema.validate(json.loads("\n".join(page.example("SITE.JSON"))), json.loads(options.schema.read_text()))
+    schema = json.loads(options.schema.read_text())
+    jsonschema.validate(json.loads("\n".join(page.example("SITE.JSON"))), schema)
+    for document in options.documents:
+        sites = re.findall(r"```json\n(\{.*?)```", document.read_text(encoding="utf-8"), re.DOTALL)
+        demand_same(len(sites), 1, f"sites in {document}")
+        jsonschema.validate(json.loads(sites[0]), schema)
     lines = page.example("EXAMPLES")
     demand_same({line.split()[1] for line in lines if line.startswith("rasterplan")}, {"3d", "2d", "check"}, "examples")
     with tempfile.TemporaryDirectory() as folder:
@@ -190,6 +196,7 @@ def main():
     parser.add_argument("--completion", required=True, help="the completion for bash")
     parser.add_argument("--schema", type=Path, required=True, help="the schema of SITE.json")
     parser.add_argument("--site", type=Path, required=True, help="a folder with a SITE.json that has no warning")
+    parser.add_argument("--documents", type=Path, nargs="+", required=True, help="documents that show a SITE.json")
     options = parser.parse_args()
     TESTS[options.test](options)
 
