@@ -1,26 +1,41 @@
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
+set(libraries RasterPlanWriter)
+if(RASTERPLANWRITER_BUILD_C)
+  list(APPEND libraries RasterPlanWriterC)
+endif()
 install(
-  TARGETS RasterPlanWriter
+  TARGETS ${libraries}
   EXPORT RasterPlanWriterTargets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/RasterPlanWriter DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_BINARY_DIR}/include/RasterPlanWriter/Export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/RasterPlanWriter)
 
-# The template is looked for beside the file that holds the library's code: the DLL, the shared library, or,
-# with the static library, the program.
-if(BUILD_SHARED_LIBS AND NOT WIN32)
-  set(template_folder ${CMAKE_INSTALL_LIBDIR})
-else()
-  set(template_folder ${CMAKE_INSTALL_BINDIR})
+if(RASTERPLANWRITER_BUILD_C)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/RasterPlanWriterC DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  if(WIN32)
+    install(FILES ${PROJECT_SOURCE_DIR}/src/c/RasterPlanWriterC.def DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  endif()
 endif()
-install(FILES ${RasterPlanWriter_TEMPLATE} DESTINATION ${template_folder})
+
+# The template is looked for beside the file that holds the library's code: a DLL, a shared library, or, with the static
+# library, the program.
+if(WIN32 OR NOT BUILD_SHARED_LIBS)
+  set(template_folders ${CMAKE_INSTALL_BINDIR})
+endif()
+if(NOT WIN32 AND (BUILD_SHARED_LIBS OR RASTERPLANWRITER_BUILD_C))
+  list(APPEND template_folders ${CMAKE_INSTALL_LIBDIR})
+endif()
+foreach(folder IN LISTS template_folders)
+  install(FILES ${RasterPlanWriter_TEMPLATE} DESTINATION ${folder})
+endforeach()
+list(GET template_folders 0 template_folder)
 cmake_path(GET RasterPlanWriter_TEMPLATE FILENAME template_name)
 set(installed_template ${template_folder}/${template_name})
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
+#include <stdint.h>
 
 /// Length unit of an image's coordinates. The numbers are the codes of the DXF header variable $INSUNITS and
 /// are written into the drawing unchanged.
-enum DrawingUnit : std::int32_t {
+enum DrawingUnit : int32_t {
     Unitless = 0, ///< No unit; sizes in millimetres are reckoned as if it were metres.
     Inches = 1,
     Feet = 2,

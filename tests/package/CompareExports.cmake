@@ -12,9 +12,10 @@ else()
   string(REGEX MATCHALL "[^\n]+\n" names "${text}")
 endif()
 
+cmake_path(GET EXPECTED STEM name)
 # Constructors and destructors leave the library under several names that read alike.
-file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/exported-names.txt ${names})
-execute_process(COMMAND ${CXXFILT} INPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/exported-names.txt OUTPUT_VARIABLE found
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/exported-names-of-${name}.txt ${names})
+execute_process(COMMAND ${CXXFILT} INPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/exported-names-of-${name}.txt OUTPUT_VARIABLE found
                 COMMAND_ERROR_IS_FATAL ANY)
 string(STRIP "${found}" found)
 string(REPLACE "\n" ";" found "${found}")

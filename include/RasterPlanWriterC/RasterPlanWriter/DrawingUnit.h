@@ -1,0 +1,3 @@
+#pragma once
+
+#include "../../RasterPlanWriter/DrawingUnit.h" // the very same

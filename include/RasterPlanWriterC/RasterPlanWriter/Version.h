@@ -1,0 +1,3 @@
+#pragma once
+
+#include "../../RasterPlanWriter/Version.h" // the very same
