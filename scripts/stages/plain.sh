@@ -8,7 +8,8 @@ check() {
     repeat build/development/bin/unit_tests 20
     # The suite fails every tenth allocation only.
     /usr/bin/python3 tests/memory/exhaust.py --injector build/development/tests/memory/libfailing_malloc.so \
-        --tool build/development/bin/rasterplan --host build/development/bin/library_host --pictures tests/tool/data
+        --tool build/development/bin/rasterplan --host build/development/bin/library_host \
+        --host build/development/bin/library_host_c --pictures tests/tool/data
 }
 
 smoke() {

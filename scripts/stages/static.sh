@@ -5,7 +5,7 @@ check() {
     if [ "$mode" = long ]; then
         build static
     else
-        build static RasterPlanWriter rasterplan acceptance_tests
+        build static RasterPlanWriter RasterPlanWriterC rasterplan acceptance_tests
     fi
     run static ctest --preset static -R '^(package\.|Host)|Golden'
     [ "$mode" != long ] || ctest --preset static -j "$(nproc)" -E '^package\.' >build/static-long.log 2>&1 ||

@@ -142,16 +142,16 @@ def cases(options, work):
     yield tool("view embed", "view", "@/viewed.dxf", "@/out", "--embed")
     yield tool("help", "--help")
     yield tool("3d threads", "3d", "@/MANY.json", "@/out")
-    for form in ("3d", "2d"):
-        folder = work / f"library-{form}"
-        yield Case(options, f"library {form}", options.host, [form, str(folder / "out")], work)
+    for host, form in itertools.product(options.host, ("3d", "2d")):
+        folder = work / f"{host.name}-{form}"
+        yield Case(options, f"{host.name} {form}", host, [form, str(folder / "out")], work)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--injector", type=Path, required=True, help="the library that lets allocations fail")
     parser.add_argument("--tool", type=Path, required=True, help="rasterplan")
-    parser.add_argument("--host", type=Path, required=True, help="library_host")
+    parser.add_argument("--host", type=Path, required=True, action="append", help="library_host; may be repeated")
     parser.add_argument("--pictures", type=Path, required=True, help="the folder of the test pictures")
     parser.add_argument("--step", type=int, default=1, help="only every such allocation (default: every one)")
     options = parser.parse_args()
