@@ -1,7 +1,8 @@
-# The example host that README shows is the one that the other tests build.
-# README; EXAMPLE: the example's folder.
+# The example host that a document shows is the one that the other tests build.
+# README: the document; EXAMPLE: the example's folder; FILES: what is shown of it, between "|".
+string(REPLACE "|" ";" FILES "${FILES}")
 file(READ ${README} readme)
-foreach(file main.cpp CMakeLists.txt)
+foreach(file IN LISTS FILES)
   file(READ ${EXAMPLE}/${file} snippet)
   string(FIND "${readme}" "\n${snippet}```\n" place)
   if(place EQUAL -1)
