@@ -15,6 +15,30 @@
 
 using namespace rasterplan::test;
 
+namespace {
+
+// Looks at what the system tells of a file's version.
+void expectVersionOf(const char* file) {
+    const std::wstring library = pathFromUtf8(file).make_preferred().wstring();
+    std::vector<char> resource(GetFileVersionInfoSizeW(library.c_str(), nullptr));
+    ASSERT_FALSE(resource.empty());
+    ASSERT_TRUE(
+        GetFileVersionInfoW(library.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data()));
+    void* value = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(
+        VerQueryValueW(resource.data(), L"\\StringFileInfo\\040904B0\\ProductVersion", &value, &length));
+    EXPECT_EQ(static_cast<const wchar_t*>(value), std::wstring(L"" RASTERPLAN_VERSION));
+    ASSERT_TRUE(VerQueryValueW(resource.data(), L"\\", &value, &length));
+    const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(value);
+    EXPECT_EQ(std::to_string(HIWORD(fixed.dwFileVersionMS)) + '.' +
+                  std::to_string(LOWORD(fixed.dwFileVersionMS)) + '.' +
+                  std::to_string(HIWORD(fixed.dwFileVersionLS)),
+              RASTERPLAN_VERSION);
+}
+
+} // namespace
+
 TEST(LinkedHost, ReachesTheFreeNames) {
     EXPECT_EQ(fnRasterPlanWriter(), 42);
     EXPECT_EQ(nRasterPlanWriter, 0);
@@ -50,20 +74,11 @@ TEST(LinkedHost, GermanLocaleChangesNoByte) {
 }
 
 TEST(LinkedHost, LibraryTellsItsVersion) {
-    const std::wstring library = pathFromUtf8(RASTERPLAN_LIBRARY).make_preferred().wstring();
-    std::vector<char> resource(GetFileVersionInfoSizeW(library.c_str(), nullptr));
-    ASSERT_FALSE(resource.empty());
-    ASSERT_TRUE(
-        GetFileVersionInfoW(library.c_str(), 0, static_cast<DWORD>(resource.size()), resource.data()));
-    void* value = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(
-        VerQueryValueW(resource.data(), L"\\StringFileInfo\\040904B0\\ProductVersion", &value, &length));
-    EXPECT_EQ(static_cast<const wchar_t*>(value), std::wstring(L"" RASTERPLAN_VERSION));
-    ASSERT_TRUE(VerQueryValueW(resource.data(), L"\\", &value, &length));
-    const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(value);
-    EXPECT_EQ(std::to_string(HIWORD(fixed.dwFileVersionMS)) + '.' +
-                  std::to_string(LOWORD(fixed.dwFileVersionMS)) + '.' +
-                  std::to_string(HIWORD(fixed.dwFileVersionLS)),
-              RASTERPLAN_VERSION);
+    expectVersionOf(RASTERPLAN_LIBRARY);
 }
+
+#ifdef RASTERPLAN_C_LIBRARY
+TEST(LinkedHost, CLibraryTellsItsVersion) {
+    expectVersionOf(RASTERPLAN_C_LIBRARY);
+}
+#endif
