@@ -55,7 +55,7 @@ std::optional<std::wstring> wide(const uint16_t* path) {
 }
 
 template <typename Character>
-RpwResult create(const Character* outPath, RpwDrawing** drawing) noexcept {
+RpwResult create(const Character* outPath, RpwDrawing** drawing) {
     if (!drawing)
         return RpwInvalidArgument;
     *drawing = nullptr;
@@ -72,8 +72,7 @@ RpwResult create(const Character* outPath, RpwDrawing** drawing) noexcept {
 
 template <typename Character>
 RpwResult add(RpwDrawing* drawing, const Character* picturePath, const double* leftTop,
-              const double* leftBottom, const double* rightBottom, double pixelsPerUnit,
-              int32_t unit) noexcept {
+              const double* leftBottom, const double* rightBottom, double pixelsPerUnit, int32_t unit) {
     if (isAnyNull(drawing, leftTop, leftBottom, rightBottom) || unit < Unitless || unit > USSurveyFeet)
         return RpwInvalidArgument;
     return guarded(RpwInvalidGeometry, [&]() -> RpwResult {
