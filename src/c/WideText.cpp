@@ -30,7 +30,7 @@ void append(std::wstring& text, char32_t point) {
 std::optional<char32_t> takeLongPoint(std::string_view& utf8) {
     const auto lead = static_cast<unsigned char>(utf8.front());
     const auto bytes = static_cast<std::size_t>(std::countl_one(lead));
-    if (bytes < 2 || bytes > 4 || utf8.size() < bytes)
+    if (bytes < 2 || bytes > 4)
         return std::nullopt;
     char32_t point = lead & (0x7FU >> bytes);
     for (const char byte : utf8.substr(1, bytes - 1)) {
@@ -38,6 +38,7 @@ std::optional<char32_t> takeLongPoint(std::string_view& utf8) {
             return std::nullopt;
         point = point << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
     }
+    // What is cut off is below it too.
     constexpr char32_t smallest[] = {0x80, 0x800, firstBeyond16Bits};
     if (point < smallest[bytes - 2] || point > lastCodePoint)
         return std::nullopt;

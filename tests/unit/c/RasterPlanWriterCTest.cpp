@@ -33,7 +33,7 @@ struct Owner {
     ~Owner() { rpwDestroy(drawing); }
 
     RpwResult add() const {
-        return rpwAddUtf8(drawing, "south.png", leftTop, leftBottom, rightBottom, 200, Meters);
+        return rpwAddUtf8(drawing, "south.png", leftTop, leftBottom, rightBottom, 200, Feet);
     }
 };
 
@@ -48,6 +48,7 @@ TEST(CFunctions, WritesWhatTheFacadeWrites) {
     ImageParam image(L"south.png");
     image.setImageCorners({0, 0, 3}, {0, 0, 0}, {5, 0, 0});
     image.setNumberPixelPerUnit(200);
+    image.setDrawingUnit(Feet);
     RasterPlanWriter writer(wideText(utf8FromPath(test / "cpp.dxf")).c_str());
     ASSERT_EQ(writer.add(image), RasterPlanWriter::Success);
     ASSERT_EQ(writer.create3DDxf(), RasterPlanWriter::Success);
