@@ -49,16 +49,15 @@ enum {
     /// There is no readable template beside the library. The output file has been emptied.
     RpwCannotOpenTemplate = 4,
     /// The drawing could not be completed: a 3D drawing without images, a template that does not fit, an
-    /// image added
-    /// after a write, a plane so far off that no image is left. What was written is no usable drawing.
+    /// image added after a write, a plane so far off that no image is left. What was written is no usable
+    /// drawing.
     RpwDxfFailure = 5,
     /// Out of memory. Of an image, parts may have been added; a drawing may have been begun.
     RpwUnexpectedFailure = 6,
     /// An argument is null that must not be, a text is no UTF-8, or the unit is unknown. Nothing was done.
     RpwInvalidArgument = 7,
     /// The plane's axes span no plane (rpwWrite2d), or numbers are too large to find one (rpwProposePlane).
-    /// Nothing
-    /// was opened or written.
+    /// Nothing was opened or written.
     RpwInvalidPlane = 8
 };
 
@@ -98,12 +97,14 @@ RPW_API void rpwDestroy(RpwDrawing* drawing);
 
 /// Adds one image with its frame.
 ///
-/// picturePath: the picture's file, written into the drawing exactly as given; it need not exist. Null for
-/// none. leftTop, leftBottom, rightBottom: three corners of the picture, as seen by who looks at it.
-/// pixelsPerUnit: the picture's resolution along both edges in pixels per drawing unit, greater than 0. Times
-/// width and height it must give the true pixel counts of the file. unit: the unit of all lengths, as in the
-/// DXF header variable $INSUNITS: 0 for none, 1 inches, 2 feet, 4 millimetres, 5 centimetres, 6 metres; up to
-/// 21, as DrawingUnit.h of the C++ library names them.
+/// - picturePath: the picture's file, written into the drawing exactly as given; it need not exist. Null for
+///   none.
+/// - leftTop, leftBottom, rightBottom: three corners of the picture, as seen by who looks at it.
+/// - pixelsPerUnit: the picture's resolution along both edges in pixels per drawing unit, greater than 0.
+/// Times
+///   width and height it must give the true pixel counts of the file. Any value is taken as it is.
+/// - unit: the unit of all lengths, as in the DXF header variable $INSUNITS: 0 for none, 1 inches, 2 feet, 4
+///   millimetres, 5 centimetres, 6 metres; up to 21, as DrawingUnit.h of the C++ library names them.
 ///
 /// Returns RpwSuccess; RpwInvalidGeometry when a side is not longer than 1e-10, the edges are not
 /// perpendicular (cosine of their angle above 0.001) or a coordinate is NaN or infinite; RpwInvalidArgument;

@@ -22,7 +22,7 @@ class RasterPlanWriter {
 public:
     /// Outcome of every operation.
     enum ErrorEnum : int32_t {
-        Success = RpwSuccess,                       ///< See RpwSuccess, and so on.
+        Success = RpwSuccess,                       ///< Done; RpwSuccess and its like say more.
         NoImage = RpwNoImage,                       ///< No image has been added yet.
         InvalidGeometry = RpwInvalidGeometry,       ///< No rectangle, or no common plane.
         CannotOpenOutput = RpwCannotOpenOutput,     ///< The output file could not be opened for writing.
