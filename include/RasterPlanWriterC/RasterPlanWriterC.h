@@ -100,9 +100,8 @@ RPW_API void rpwDestroy(RpwDrawing* drawing);
 /// - picturePath: the picture's file, written into the drawing exactly as given; it need not exist. Null for
 ///   none.
 /// - leftTop, leftBottom, rightBottom: three corners of the picture, as seen by who looks at it.
-/// - pixelsPerUnit: the picture's resolution along both edges in pixels per drawing unit, greater than 0.
-/// Times
-///   width and height it must give the true pixel counts of the file. Any value is taken as it is.
+/// - pixelsPerUnit: the picture's resolution along both edges in pixels per drawing unit. Times width and
+///   height it must give the true pixel counts of the file. Any value is taken; a useful one is above 0.
 /// - unit: the unit of all lengths, as in the DXF header variable $INSUNITS: 0 for none, 1 inches, 2 feet, 4
 ///   millimetres, 5 centimetres, 6 metres; up to 21, as DrawingUnit.h of the C++ library names them.
 ///
