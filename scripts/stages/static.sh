@@ -7,7 +7,7 @@ check() {
     else
         build static RasterPlanWriter RasterPlanWriterC rasterplan acceptance_tests
     fi
-    run static ctest --preset static -R '^(package\.|Host)|Golden'
+    run static ctest --preset static -R '^(package\.|Host|GoldenScenes|Scenes.Golden)'
     [ "$mode" != long ] || ctest --preset static -j "$(nproc)" -E '^package\.' >build/static-long.log 2>&1 ||
         fail_with build/static-long.log
 }
