@@ -1,4 +1,4 @@
-# rasterplanwriter_needs(<TOOL|TESTS|BENCH> [<name> <variable>]...): stops when one of the variables is false and says
+# rasterplanwriter_needs(<TOOL|TESTS|BENCH|PYTHON> [<name> <variable>]...): stops when one of the variables is false and says
 # which of the named things are missing, what installs them on Debian and which option does without.
 function(rasterplanwriter_needs part)
   set(missing "")
@@ -18,6 +18,8 @@ function(rasterplanwriter_needs part)
   set(groups_TESTS "build test")
   set(title_BENCH "The benchmarks need")
   set(groups_BENCH "build bench")
+  set(title_PYTHON "The Python module needs")
+  set(groups_PYTHON "build python")
   if(CMAKE_CROSSCOMPILING)
     set(groups_${part} "build windows")
   endif()
