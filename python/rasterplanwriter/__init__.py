@@ -15,9 +15,10 @@ Every CAD program that reads AutoCAD 2010 files opens such a drawing. What canno
 rasterplanwriter.Error; a wrong argument is a TypeError or ValueError that names it.
 """
 
-from ._drawing import Drawing, Image
+from ._drawing import Drawing
 from ._errors import (CannotOpenOutput, CannotOpenTemplate, DxfFailure, Error, InvalidGeometry, NoImage,
                       UnexpectedFailure)
+from ._image import Image
 from ._native import version as __version__
 from ._plane import Plane
 from ._unit import DrawingUnit

@@ -1,25 +1,18 @@
 from __future__ import annotations
 
+import math
 from collections.abc import Iterator
-from typing import NamedTuple
 
 from . import _arguments
-from ._arguments import Coordinates, Number, StrPath, Triple
-from ._errors import InvalidGeometry, NoImage, require_success
+from ._arguments import Coordinates, Number, StrPath
+from ._errors import InvalidGeometry, NoImage, failure
+from ._image import Image
 from ._native import check, proposed_plane, write
 from ._plane import Plane
 from ._unit import DrawingUnit
 
-
-class Image(NamedTuple):
-    """One ortho image of a drawing, as it was added."""
-
-    path: str
-    left_top: Triple
-    left_bottom: Triple
-    right_bottom: Triple
-    pixels_per_unit: float
-    unit: DrawingUnit
+# The y axis of a proposal is as long as the sine between normal and x axis; a shorter one has no direction.
+_ROUNDING = 1e-9
 
 
 class Drawing:
@@ -61,9 +54,11 @@ class Drawing:
                       _arguments.triple("right_bottom", right_bottom),
                       _arguments.positive("pixels_per_unit", pixels_per_unit),
                       _arguments.drawing_unit("unit", unit))
-        require_success(check(image), f"cannot add {image.path!r}",
-                        f"left_top {image.left_top}, left_bottom {image.left_bottom} and right_bottom "
-                        f"{image.right_bottom} are no corners of a rectangle with two sides")
+        result = check(image)
+        if result:
+            raise failure(result, f"cannot add {image.path!r}",
+                          f"left_top {image.left_top}, left_bottom {image.left_bottom} and right_bottom "
+                          f"{image.right_bottom} are no corners of a rectangle with two sides")
         self._images.append(image)
 
     def reference_plane(self) -> Plane:
@@ -73,14 +68,13 @@ class Drawing:
         Raises NoImage; InvalidGeometry when the images have no common plane, as when two face each other;
         UnexpectedFailure when memory runs out.
         """
-        deed = f"cannot propose a plane for {self._path!r}"
-        geometry = "the images have no common plane; give write_2d a Plane of your own"
-        result, plane = proposed_plane(self._images)
-        require_success(result, deed, geometry)
-        try:
-            return Plane(*plane)
-        except ValueError as error: # the axes are what rounding left of a plane
-            raise InvalidGeometry(f"{deed}: {geometry}") from error
+        result, (origin, x_axis, y_axis) = proposed_plane(self._images)
+        if not result and math.hypot(*y_axis) < _ROUNDING:
+            result = InvalidGeometry.result
+        if result:
+            raise failure(result, f"cannot propose a plane for {self._path!r}",
+                          "the images have no common plane; give write_2d a Plane of your own")
+        return Plane(origin, x_axis, y_axis)
 
     def write_3d(self, path: StrPath | None = None) -> None:
         """Writes the drawing with every image where it lies in space, to `path` or else to the drawing's own.
@@ -105,11 +99,11 @@ class Drawing:
 
     def _write(self, path: StrPath | None, plane: Plane | None) -> None:
         output = self._path if path is None else _arguments.file_path("path", path)
-        deed = f"cannot write {output!r}"
-        if not self._images: # the library would empty the file before it says so
-            require_success(NoImage.result, deed)
         numbers = None if plane is None else (plane.origin, plane.x_axis, plane.y_axis)
-        require_success(write(output, self._images, numbers), deed)
+        # Without images the library would empty the file before it says so.
+        result = write(output, self._images, numbers) if self._images else NoImage.result
+        if result:
+            raise failure(result, f"cannot write {output!r}")
 
     def __len__(self) -> int:
         return len(self._images)

@@ -57,8 +57,7 @@ class UnexpectedFailure(Error, MemoryError):
 _BY_RESULT = {error.result: error for error in Error.__subclasses__()}
 
 
-def require_success(result: int, deed: str, invalid_geometry: str = InvalidGeometry.advice) -> None:
-    """Raises what stands for `result`, unless it is Success. What is wrong with a geometry depends on the deed."""
-    if result:
-        error = _BY_RESULT[result]
-        raise error(f"{deed}: {invalid_geometry if error is InvalidGeometry else error.advice}")
+def failure(result: int, deed: str, invalid_geometry: str = InvalidGeometry.advice) -> Error:
+    """What to raise for a result other than Success. What is wrong with a geometry depends on the deed."""
+    error = _BY_RESULT[result]
+    return error(f"{deed}: {invalid_geometry if error is InvalidGeometry else error.advice}")
