@@ -47,8 +47,6 @@ def _sine(first: Triple, second: Triple) -> float:
 
 
 def _normalized(axis: Triple) -> Triple:
-    # By the largest part first: the length of a tiny axis is inexact.
-    largest = max(abs(part) for part in axis)
-    x, y, z = (part / largest for part in axis)
+    x, y, z = axis
     length = math.hypot(x, y, z)
     return x / length, y / length, z / length
