@@ -58,7 +58,8 @@ class Drawing:
         if result:
             raise failure(result, f"cannot add {image.path!r}",
                           f"left_top {image.left_top}, left_bottom {image.left_bottom} and right_bottom "
-                          f"{image.right_bottom} are no corners of a rectangle with two sides")
+                          f"{image.right_bottom} are no corners of a rectangle; its sides must be longer than "
+                          "1e-10 and at a right angle")
         self._images.append(image)
 
     def reference_plane(self) -> Plane:

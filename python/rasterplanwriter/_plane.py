@@ -27,10 +27,11 @@ class Plane:
 
     def __init__(self, origin: Coordinates, x_axis: Coordinates, y_axis: Coordinates) -> None:
         """Takes any sequences of three finite numbers. ValueError for axes that span no plane."""
+        point = _arguments.triple("origin", origin)
         x, y = _axis("x_axis", x_axis), _axis("y_axis", y_axis)
         if _sine(x, y) < _SMALLEST_SINE:
             raise ValueError(f"y_axis must not be parallel to x_axis, as {y} is to {x}")
-        for name, value in ("origin", _arguments.triple("origin", origin)), ("x_axis", x), ("y_axis", y):
+        for name, value in ("origin", point), ("x_axis", x), ("y_axis", y):
             object.__setattr__(self, name, value)
 
 
