@@ -130,7 +130,8 @@ class Failures(FolderTest):
             self.fails(rpw.InvalidGeometry, f"cannot add 'other.png': left_top {tuple(map(float, left_top))}, "
                        f"left_bottom (0.0, 0.0, 0.0) and right_bottom {tuple(map(float, right_bottom))} are no "
                        "corners of a rectangle; its sides must be longer than 1e-10 and at a right angle",
-                       drawing.add, "other.png", left_top=left_top, left_bottom=(0, 0, 0), right_bottom=right_bottom, pixels_per_unit=100)
+                       drawing.add, "other.png", left_top=left_top, left_bottom=(0, 0, 0),
+                       right_bottom=right_bottom, pixels_per_unit=100)
         self.assertEqual(len(drawing), 1)
 
     def test_no_image(self):
