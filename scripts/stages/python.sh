@@ -1,4 +1,4 @@
-# The package for Python, installed from its wheel into clean environments: alone, and beside NumPy and mypy.
+# The package for Python, installed from its wheel into clean environments: alone, and beside the packages that some tests need.
 groups="build python"
 
 install_wheel() { # FOLDER [OPTION]
