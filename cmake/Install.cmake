@@ -5,14 +5,25 @@ set(libraries RasterPlanWriter)
 if(RASTERPLANWRITER_BUILD_C)
   list(APPEND libraries RasterPlanWriterC)
 endif()
-install(
-  TARGETS ${libraries}
-  EXPORT RasterPlanWriterTargets
-  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  INCLUDES
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+foreach(library IN LISTS libraries)
+  # The template is looked for beside the file that holds the library's code: a DLL, a shared library, or, with the
+  # static library, the program.
+  get_target_property(type ${library} TYPE)
+  if(type STREQUAL "SHARED_LIBRARY" AND NOT WIN32)
+    set(template_folder_of_${library} ${CMAKE_INSTALL_LIBDIR})
+  else()
+    set(template_folder_of_${library} ${CMAKE_INSTALL_BINDIR})
+  endif()
+  install(
+    TARGETS ${library}
+    EXPORT RasterPlanWriterTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RESOURCE DESTINATION ${template_folder_of_${library}}
+    INCLUDES
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endforeach()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/RasterPlanWriter DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_BINARY_DIR}/include/RasterPlanWriter/Export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/RasterPlanWriter)
@@ -24,20 +35,8 @@ if(RASTERPLANWRITER_BUILD_C)
   endif()
 endif()
 
-# The template is looked for beside the file that holds the library's code: a DLL, a shared library, or, with the static
-# library, the program.
-if(WIN32 OR NOT BUILD_SHARED_LIBS)
-  set(template_folders ${CMAKE_INSTALL_BINDIR})
-endif()
-if(NOT WIN32 AND (BUILD_SHARED_LIBS OR RASTERPLANWRITER_BUILD_C))
-  list(APPEND template_folders ${CMAKE_INSTALL_LIBDIR})
-endif()
-foreach(folder IN LISTS template_folders)
-  install(FILES ${RasterPlanWriter_TEMPLATE} DESTINATION ${folder})
-endforeach()
-list(GET template_folders 0 template_folder)
 cmake_path(GET RasterPlanWriter_TEMPLATE FILENAME template_name)
-set(installed_template ${template_folder}/${template_name})
+set(installed_template ${template_folder_of_RasterPlanWriter}/${template_name})
 
 if(RASTERPLANWRITER_BUILD_TOOL)
   if(BUILD_SHARED_LIBS AND NOT WIN32)

@@ -36,9 +36,11 @@ function(rasterplanwriter_link library exports)
     target_sources(${library} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${library}.rc)
     set_target_properties(${library} PROPERTIES PREFIX "")
   endif()
+  # The template is a resource, so that install rules of any project take it along, or CMake warns that they do not.
   set_target_properties(
     ${library}
     PROPERTIES LINKER_LANGUAGE CXX
                VERSION ${PROJECT_VERSION}
-               SOVERSION ${PROJECT_VERSION_MAJOR})
+               SOVERSION ${PROJECT_VERSION_MAJOR}
+               RESOURCE ${RasterPlanWriter_TEMPLATE})
 endfunction()
