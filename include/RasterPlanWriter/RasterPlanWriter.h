@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The writer of drawings, and two names by which a host tells that the library is there.
+
 #include <RasterPlanWriter/Export.h>
 #include <RasterPlanWriter/ImageParam.h>
 #include <RasterPlanWriter/TripleDouble.h>
