@@ -85,13 +85,16 @@ def run_cpp(text):
     see_drawing()
 
 
-def run_cmake(text, only_configure=False):
-    """A whole project, with the last program of the page."""
+def run_cmake(text, only_configure=False, example=None):
+    """A whole project, with the example's files or the last program of the page."""
     project = work / "project"
     shutil.rmtree(project, ignore_errors=True)
-    project.mkdir()
+    if example:
+        shutil.copytree(example, project)
+    else:
+        project.mkdir()
+        shutil.copy(work / "main.cpp", project)
     (project / "CMakeLists.txt").write_text(text, encoding="utf-8")
-    shutil.copy(work / "main.cpp", project)
     (project / "rasterplanwriter").symlink_to(SOURCES)
     said = run("cmake", "-G", "Ninja", "-B", "build", "-DCMAKE_BUILD_TYPE=Debug", "--no-warn-unused-cli",
                f"-DCMAKE_PREFIX_PATH={given.prefix}", f"-DFETCHCONTENT_SOURCE_DIR_RASTERPLANWRITER={SOURCES}", folder=project)
@@ -151,8 +154,10 @@ def handle(block, entry):
         raise Failure(f"nothing runs a block of the language '{block.language}'; blocks.toml is to say why, or what does")
     if "before" in entry:
         run_sh(entry["before"].format(**words))
-    options = {option: entry[option] for option in ("only_configure",) if option in entry}
-    RUNNERS[block.language](text, **options)
+    if block.language == "cmake":
+        run_cmake(text, entry.get("only_configure", False), (SOURCES / same.group(1)).parent if same else None)
+    else:
+        RUNNERS[block.language](text)
     return "run"
 
 
