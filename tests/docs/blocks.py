@@ -1,9 +1,10 @@
 """Runs the blocks of code of a document, one after the other in one folder, by their language:
 
-sh       as one script; rasterplan is found, and rasterplan prints warnings where pictures are missing
+sh       as one script, stopped at its first failure; rasterplan is found
 console  as sh, line by line; what is printed must be what the document shows
 cpp      compiled as C++11 and run; it must write a drawing
-cmake    configured, built, installed where it has rules for that, and run, with the program of the block before it
+cmake    configured, built, installed where it has rules for that, and run: with the example that it is the same as, or
+         with the last program of the page
 json     read; a site is judged by the schema and kept as my.json
 
 blocks.toml names the blocks that are run with something else in the place of a word, and those that are not run here, with
