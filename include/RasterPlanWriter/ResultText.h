@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The results in words.
+
 #include <RasterPlanWriter/RasterPlanWriter.h>
 
 /// A result in words, English and without a full stop, for a message to a user. The text lives as long as the

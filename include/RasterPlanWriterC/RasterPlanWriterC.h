@@ -1,6 +1,6 @@
 #pragma once
 
-/*
+/** @file
  * RasterPlanWriter for C and for every language and compiler that can call C: writes ortho images as one text
  * DXF drawing (AutoCAD 2010, AC1024).
  *
