@@ -6,6 +6,7 @@ cpp      compiled as C++11 and run; it must write a drawing
 cmake    configured, built, installed where it has rules for that, and run: with the example that it is the same as, or
          with the last program of the page
 json     read; a site is judged by the schema and kept as my.json
+python   left to the tests of the package, which run the programs of documents with it
 
 blocks.toml names the blocks that are run with something else in the place of a word, and those that are not run here, with
 the tests which run them or the reason why nothing does. A block below "the same as FILE" must be that file.
@@ -122,12 +123,13 @@ def run_json(text):
         (work / "my.json").write_text(text, encoding="utf-8")
 
 
+ELSEWHERE = {"python": "tests/python/package_test.py"}
 RUNNERS = {"sh": run_sh, "console": run_console, "cpp": run_cpp, "cmake": run_cmake, "json": run_json}
 
 
 def exists(name):
     """Whether there is a test or script of a name."""
-    if name.startswith((".", "scripts/")):
+    if name.startswith(("scripts/", "tests/")):
         return (SOURCES / name).is_file()
     return re.search(rf": {re.escape(name)}$", run("ctest", "--test-dir", given.build, "-N"), re.MULTILINE)
 
@@ -137,11 +139,12 @@ def handle(block, entry):
     same = SAME_AS.search(block.before)
     if same and block.text != (SOURCES / same.group(1)).read_text(encoding="utf-8"):
         raise Failure(f"it is not the same as {same.group(1)}")
-    if "tests" in entry:
-        missing = [name for name in entry["tests"] if not exists(name)]
-        if missing:
-            raise Failure(f"blocks.toml names tests that are not there: {', '.join(missing)}")
-        return "run by " + ", ".join(entry["tests"])
+    tests = [ELSEWHERE[block.language]] if block.language in ELSEWHERE else entry.get("tests", [])
+    missing = [name for name in tests if not exists(name)]
+    if missing:
+        raise Failure(f"there are no such tests: {', '.join(missing)}")
+    if tests:
+        return "run by " + ", ".join(tests)
     if "reason" in entry:
         return entry["reason"]
     text = block.text
