@@ -3,7 +3,7 @@
 #include "base/Console.h"
 #include "base/Resources.h"
 #include "drawing/PathForm.h"
-#include "report/Plane.h"
+#include "site/Plane.h"
 
 #include <filesystem>
 #include <optional>

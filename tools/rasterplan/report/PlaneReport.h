@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Notices.h"
-#include "report/Plane.h"
+#include "report/Deviation.h"
 #include "site/Manifest.h"
 
 #include <RasterPlanWriter/ImageParam.h>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Console.h"
-#include "report/Plane.h"
 #include "site/ImageFiles.h"
 #include "site/Manifest.h"
 #include "site/Placement.h"
+#include "site/Plane.h"
 
 #include <RasterPlanWriter/ImageParam.h>
 #include <RasterPlanWriter/RasterPlanWriter.h>

@@ -1,4 +1,4 @@
-#include "report/Plane.h"
+#include "report/Deviation.h"
 
 #include "base/Vector.h"
 
@@ -19,43 +19,43 @@ ImageParam image(const TripleDouble& leftBottom, const TripleDouble& bottom, con
 
 } // namespace
 
-TEST(Plane, ImageInThePlaneDoesNotDeviate) {
+TEST(Deviation, ImageInThePlaneDoesNotDeviate) {
     const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {3, 0, 0}, {0, 0, 2}));
     EXPECT_EQ(deviation.distance, 0.0);
     EXPECT_EQ(deviation.angleDegrees, 0.0);
     EXPECT_EQ(deviation.turnDegrees, 0.0);
 }
 
-TEST(Plane, DistanceIsPositiveInFront) {
+TEST(Deviation, DistanceIsPositiveInFront) {
     EXPECT_DOUBLE_EQ(deviationFrom(upright, image({0, 4, 0}, {3, 0, 0}, {0, 0, 2})).distance, 1.0);
     EXPECT_DOUBLE_EQ(deviationFrom(upright, image({0, 7, 0}, {3, 0, 0}, {0, 0, 2})).distance, -2.0);
 }
 
-TEST(Plane, DistanceIsThatOfTheFurthestCorner) {
+TEST(Deviation, DistanceIsThatOfTheFurthestCorner) {
     const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {4, 3, 0}, {0, 0, 2}));
     EXPECT_DOUBLE_EQ(deviation.distance, -3.0);
     EXPECT_NEAR(deviation.angleDegrees, std::atan2(3.0, 4.0) * 45.0 / std::atan(1.0), 1e-12);
     EXPECT_NEAR(deviation.turnDegrees, 0.0, 1e-12);
 }
 
-TEST(Plane, ImageSeenFromBehindIsAtAHundredAndEighty) {
+TEST(Deviation, ImageSeenFromBehindIsAtAHundredAndEighty) {
     EXPECT_DOUBLE_EQ(deviationFrom(upright, image({3, 5, 0}, {-3, 0, 0}, {0, 0, 2})).angleDegrees, 180.0);
 }
 
-TEST(Plane, TurnInThePlaneIsApartFromTheAngle) {
+TEST(Deviation, TurnInThePlaneIsApartFromTheAngle) {
     const Deviation deviation = deviationFrom(upright, image({0, 5, 0}, {1, 0, 1}, {-1, 0, 1}));
     EXPECT_NEAR(deviation.angleDegrees, 0.0, 1e-12);
     EXPECT_NEAR(deviation.turnDegrees, 45.0, 1e-12);
 }
 
-TEST(Plane, TurnIsPositiveAnticlockwise) {
+TEST(Deviation, TurnIsPositiveAnticlockwise) {
     EXPECT_NEAR(deviationFrom(upright, image({0, 5, 0}, {4, 0, 3}, {-3, 0, 4})).turnDegrees, 36.8698976458,
                 1e-9);
     EXPECT_NEAR(deviationFrom(upright, image({0, 5, 0}, {4, 0, -3}, {3, 0, 4})).turnDegrees, -36.8698976458,
                 1e-9);
 }
 
-TEST(Plane, LeaningWallsDoNotTurn) {
+TEST(Deviation, LeaningWallsDoNotTurn) {
     const Deviation leaning = deviationFrom(upright, image({0, 5, 0}, {3, 0, 0}, {0, 0.3, 4}));
     EXPECT_NEAR(leaning.angleDegrees, std::atan2(0.3, 4.0) * 45.0 / std::atan(1.0), 1e-12);
     EXPECT_EQ(leaning.turnDegrees, 0.0);
@@ -64,7 +64,7 @@ TEST(Plane, LeaningWallsDoNotTurn) {
     EXPECT_EQ(deviationFrom(upright, image({0, 5, 0}, {3, 0, 0}, {0, 2, 0})).turnDegrees, 0.0); // lies flat
 }
 
-TEST(Plane, PicturesSeenFromBehindAreMirroredAndTurnLikeTheirMirrorImage) {
+TEST(Deviation, PicturesSeenFromBehindAreMirroredAndTurnLikeTheirMirrorImage) {
     const Deviation behind = deviationFrom(upright, image({3, 5, 0}, {-3, 0, 0}, {0, 0, 2}));
     EXPECT_TRUE(behind.isMirrored());
     EXPECT_EQ(behind.turnDegrees, 0.0);
@@ -77,7 +77,7 @@ TEST(Plane, PicturesSeenFromBehindAreMirroredAndTurnLikeTheirMirrorImage) {
     EXPECT_FALSE(edgeOn.isMirrored());
 }
 
-TEST(Plane, PicturesOnTheirHeadAreTurnedByAHundredAndEighty) {
+TEST(Deviation, PicturesOnTheirHeadAreTurnedByAHundredAndEighty) {
     const Deviation deviation = deviationFrom(upright, image({3, 5, 2}, {-3, 0, 0}, {0, 0, -2}));
     EXPECT_FALSE(deviation.isMirrored());
     EXPECT_EQ(deviation.turnDegrees, 180.0);
@@ -86,7 +86,7 @@ TEST(Plane, PicturesOnTheirHeadAreTurnedByAHundredAndEighty) {
     EXPECT_EQ(deviationFrom(upright, withNegativeZeros).turnDegrees, 180.0);
 }
 
-TEST(Plane, HeightErrorIsThatOfTheWorstCorner) {
+TEST(Deviation, HeightErrorIsThatOfTheWorstCorner) {
     EXPECT_EQ(deviationFrom(upright, image({0, 5, 0}, {3, 0, 0}, {0, 0, 2})).heightError, 0.0);
     EXPECT_EQ(deviationFrom(upright, image({0, 9, 0}, {3, 2, 0}, {0, 1, 2})).heightError, 0.0);
     const Plane leaning{{10, 5, 2}, {1, 0, 0}, {0, 0.6, 0.8}};
@@ -94,7 +94,7 @@ TEST(Plane, HeightErrorIsThatOfTheWorstCorner) {
     EXPECT_DOUBLE_EQ(deviationFrom(leaning, image({0, 5, 2}, {3, 0, 0}, {0, 0, 10})).heightError, 2.0);
 }
 
-TEST(Plane, MoreThanHalfAPixelIsVisible) {
+TEST(Deviation, MoreThanHalfAPixelIsVisible) {
     ImageParam image;
     image.setNumberPixelPerUnit(200);
     EXPECT_FALSE(isVisible(0.0025, image));
@@ -103,13 +103,13 @@ TEST(Plane, MoreThanHalfAPixelIsVisible) {
     EXPECT_TRUE(isVisible(-0.0026, image));
 }
 
-TEST(Plane, DefaultToleranceIsATenthOfAMetreInAnyUnit) {
+TEST(Deviation, DefaultToleranceIsATenthOfAMetreInAnyUnit) {
     EXPECT_DOUBLE_EQ(defaultTolerance(Meters).distance, 0.1);
     EXPECT_DOUBLE_EQ(defaultTolerance(Millimeters).distance, 100.0);
     EXPECT_EQ(defaultTolerance(Feet).angleDegrees, 1.0);
 }
 
-TEST(Plane, SmallAnglesAreExactAtSurveyCoordinates) {
+TEST(Deviation, SmallAnglesAreExactAtSurveyCoordinates) {
     const Plane plane{{4468215.25, 5333642.5, 510.0}, {1, 0, 0}, {0, 0, 1}};
     const Deviation deviation =
         deviationFrom(plane, image({4468215.25, 5333642.5, 510.0}, {1000, 0.001, 0}, {0, 0, 10}));
@@ -117,18 +117,9 @@ TEST(Plane, SmallAnglesAreExactAtSurveyCoordinates) {
     EXPECT_NEAR(deviation.distance, -0.001, 1e-9);
 }
 
-TEST(Plane, AxesOfAnyLengthGiveTheSameDeviation) {
+TEST(Deviation, AxesOfAnyLengthGiveTheSameDeviation) {
     const Plane scaled{{10, 5, 2}, {1000, 0, 0}, {0, 0, 1e-6}};
     EXPECT_DOUBLE_EQ(deviationFrom(scaled, image({0, 4, 0}, {3, 0, 0}, {0, 0, 2})).distance, 1.0);
-}
-
-TEST(Plane, TwoDirectionsSpanOneUnlessParallel) {
-    EXPECT_TRUE(spansPlane({{}, {1, 0, 0}, {1, 1, 0}}));
-    EXPECT_TRUE(spansPlane({{}, {1e-300, 0, 0}, {0, 1e18, 0}}));
-    EXPECT_FALSE(spansPlane({{}, {0, 0, 0}, {0, 1, 0}}));
-    EXPECT_FALSE(spansPlane({{}, {1, 0, 0}, {0, 0, 0}}));
-    EXPECT_FALSE(spansPlane({{}, {1, 1, 1}, {-2, -2, -2}}));
-    EXPECT_FALSE(spansPlane({{}, {1, 1, 1}, {1, 1, 1 + 1e-9}}));
 }
 
 } // namespace rasterplan_tool

@@ -1,4 +1,4 @@
-#include "report/Plane.h"
+#include "report/Deviation.h"
 
 #include "base/Vector.h"
 
@@ -63,11 +63,6 @@ Deviation deviationFrom(const Plane& plane, const ImageParam& image) {
     deviation.angleDegrees = angleDegrees(image.getViewDir(), normal);
     deviation.turnDegrees = turnOf(deviation.isMirrored() ? -1.0 * u : u, v, cross(y, normal), y);
     return deviation;
-}
-
-bool spansPlane(const Plane& plane) {
-    constexpr double smallestSine = 1e-6;
-    return length(cross(direction(plane.xAxis), direction(plane.yAxis))) > smallestSine;
 }
 
 } // namespace rasterplan_tool

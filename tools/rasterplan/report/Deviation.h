@@ -1,17 +1,11 @@
 #pragma once
 
+#include "site/Plane.h"
+
 #include <RasterPlanWriter/DrawingUnit.h>
 #include <RasterPlanWriter/ImageParam.h>
-#include <RasterPlanWriter/TripleDouble.h>
 
 namespace rasterplan_tool {
-
-/// A reference plane for a flattened drawing.
-struct Plane {
-    TripleDouble origin; ///< In drawing units.
-    TripleDouble xAxis;  ///< A direction.
-    TripleDouble yAxis;  ///< A direction.
-};
 
 /// How an image lies to a plane, and what comes of it in a drawing that is flattened into the plane.
 struct Deviation {
@@ -47,8 +41,5 @@ bool isVisible(double length, const ImageParam& image);
 
 /// How `image` lies to `plane`, which is one.
 Deviation deviationFrom(const Plane& plane, const ImageParam& image);
-
-/// Whether the axes span a plane: neither is zero, and they are not parallel.
-bool spansPlane(const Plane& plane);
 
 } // namespace rasterplan_tool
