@@ -4,16 +4,13 @@
 
 #include <iomanip>
 #include <iostream>
+#include <string>
 
 namespace rasterplan_tool {
 namespace {
 
 constexpr std::chrono::milliseconds silence{1000};
 constexpr std::chrono::milliseconds pause{200};
-
-int digitsOf(std::size_t number) {
-    return number < 10 ? 1 : 1 + digitsOf(number / 10);
-}
 
 } // namespace
 
@@ -42,11 +39,10 @@ void Progress::tell(std::size_t done, std::size_t all) {
     if (m_stream == nullptr || std::chrono::steady_clock::now() < m_next)
         return;
     m_next = std::chrono::steady_clock::now() + pause;
-    constexpr std::string_view behindWork = ": ";
-    constexpr std::string_view between = " of ";
-    m_length =
-        static_cast<int>(m_work.size() + behindWork.size() + between.size()) + digitsOf(done) + digitsOf(all);
-    *m_stream << '\r' << m_work << behindWork << done << between << all << std::flush;
+    // As text: a stream could write digits in groups.
+    const std::string line = std::string(m_work) + ": " + std::to_string(done) + " of " + std::to_string(all);
+    m_length = static_cast<int>(line.size());
+    *m_stream << '\r' << line << std::flush;
 }
 
 } // namespace rasterplan_tool
