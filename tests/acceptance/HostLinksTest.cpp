@@ -87,7 +87,7 @@ TEST(HostLinks, LibraryFromARelativeFolderThatIsLeft) {
 }
 
 TEST(HostLinks, FolderWithALineFeedOrWhatLooksLikeOne) {
-    for (const std::string name : {"two\nlines", "two\\012lines"}) {
+    for (const std::string name : {"a name\nof three\nlines", "two\\012lines"}) {
         const HostFolder host(deliveredTemplate());
         moveInto(host, name);
         expectWholeDrawing(host, '"' + name + "/export_host\"");
