@@ -8,8 +8,8 @@ import numpy as np
 from PIL import Image
 
 import scanner
-from scene import surfaces
 from shapes import ANCHOR, toSurvey, turned
+from surroundings import surfaces
 
 # What programs without transparency show where nothing was measured.
 PAPER = (250, 250, 247)
