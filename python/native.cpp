@@ -114,7 +114,7 @@ int writeDrawing(const py::str& path, const std::vector<Image>& images, const st
 } // namespace
 
 PYBIND11_MODULE(_native, module) {
-    module.attr("version") = RASTERPLANWRITER_VERSION;
+    module.attr("version") = RASTERPLAN_PYTHON_VERSION;
     module.def("check", &check, py::arg("image"));
     module.def("proposed_plane", &proposedPlane, py::arg("images"));
     module.def("write", &writeDrawing, py::arg("path"), py::arg("images"), py::arg("plane"));

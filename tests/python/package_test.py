@@ -42,8 +42,9 @@ class Package(FolderTest):
         run("import rasterplanwriter", flags=["-S"], package=PACKAGE.parent)
 
     def test_has_the_version_of_the_library(self):
-        lines = (REPOSITORY / "CMakeLists.txt").read_text(encoding="utf-8")
-        version = re.search(r"^  VERSION (\S+)$", lines, re.M).group(1)
+        changes = (REPOSITORY / "CHANGELOG.md").read_text(encoding="utf-8")
+        version, day = re.search(r"^## \[(.+)\] - (.+)$", changes, re.M).groups()
+        version += ".dev0" if day == "unreleased" else ""
         self.assertEqual((rpw.__version__, importlib.metadata.version("rasterplanwriter")), (version, version))
 
     def test_units_are_those_of_the_library(self):

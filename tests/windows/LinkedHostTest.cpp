@@ -28,7 +28,7 @@ void expectVersionOf(const char* file) {
     UINT length = 0;
     ASSERT_TRUE(
         VerQueryValueW(resource.data(), L"\\StringFileInfo\\040904B0\\ProductVersion", &value, &length));
-    EXPECT_EQ(static_cast<const wchar_t*>(value), std::wstring(L"" RASTERPLAN_VERSION));
+    EXPECT_EQ(static_cast<const wchar_t*>(value), std::wstring(L"" RASTERPLAN_VERSION_TEXT));
     ASSERT_TRUE(VerQueryValueW(resource.data(), L"\\", &value, &length));
     const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(value);
     EXPECT_EQ(std::to_string(HIWORD(fixed.dwFileVersionMS)) + '.' +
