@@ -1,42 +1,52 @@
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
-set(libraries RasterPlanWriter)
-if(RASTERPLANWRITER_BUILD_C)
-  list(APPEND libraries RasterPlanWriterC)
+# The shared and the static library may be installed into one folder, one after the other: each brings a file of targets
+# of its own, and what both bring is the same.
+#
+# The template is looked for beside the file that holds the library's code. That of a shared library is its own; that of
+# the static one is a program, which gets its copy from the folder of libraries.
+set(template_of_shared ${CMAKE_INSTALL_LIBDIR})
+set(template_of_static ${CMAKE_INSTALL_LIBDIR})
+if(WIN32)
+  set(template_of_shared ${CMAKE_INSTALL_BINDIR})
 endif()
-foreach(library IN LISTS libraries)
-  # The template is looked for beside the file that holds the library's code: a DLL, a shared library, or, with the
-  # static library, the program.
-  get_target_property(type ${library} TYPE)
-  if(type STREQUAL "SHARED_LIBRARY" AND NOT WIN32)
-    set(template_folder_of_${library} ${CMAKE_INSTALL_LIBDIR})
-  else()
-    set(template_folder_of_${library} ${CMAKE_INSTALL_BINDIR})
-  endif()
+
+# rasterplanwriter_install(<library> <its file of targets> <folder of the template>)
+function(rasterplanwriter_install library targets template_folder)
   install(
     TARGETS ${library}
-    EXPORT RasterPlanWriterTargets
+    EXPORT ${targets}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    RESOURCE DESTINATION ${template_folder_of_${library}}
+    RESOURCE DESTINATION ${template_folder}
     INCLUDES
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-endforeach()
+  install(
+    EXPORT ${targets}
+    NAMESPACE RasterPlanWriter::
+    DESTINATION ${package_folder})
+endfunction()
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/RasterPlanWriter)
+set(package_files ${PROJECT_BINARY_DIR}/package)
+if(BUILD_SHARED_LIBS)
+  rasterplanwriter_install(RasterPlanWriter RasterPlanWriterSharedTargets ${template_of_shared})
+else()
+  rasterplanwriter_install(RasterPlanWriter RasterPlanWriterStaticTargets ${template_of_static})
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/RasterPlanWriter DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_BINARY_DIR}/include/RasterPlanWriter/Export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/RasterPlanWriter)
 
 if(RASTERPLANWRITER_BUILD_C)
+  rasterplanwriter_install(RasterPlanWriterC RasterPlanWriterCTargets ${template_of_shared})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/RasterPlanWriterC DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   if(WIN32)
     install(FILES ${PROJECT_SOURCE_DIR}/src/c/RasterPlanWriterC.def DESTINATION ${CMAKE_INSTALL_LIBDIR})
   endif()
 endif()
-
-cmake_path(GET RasterPlanWriter_TEMPLATE FILENAME template_name)
-set(installed_template ${template_folder_of_RasterPlanWriter}/${template_name})
 
 if(RASTERPLANWRITER_BUILD_TOOL)
   if(BUILD_SHARED_LIBS AND NOT WIN32)
@@ -45,6 +55,9 @@ if(RASTERPLANWRITER_BUILD_TOOL)
     set_target_properties(rasterplan PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
   endif()
   install(TARGETS rasterplan RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  if(NOT BUILD_SHARED_LIBS)
+    install(FILES ${RasterPlanWriter_TEMPLATE} DESTINATION ${CMAKE_INSTALL_BINDIR})
+  endif()
   install(FILES ${PROJECT_SOURCE_DIR}/resources/site.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/rasterplan)
   if(NOT WIN32)
     install(FILES ${RasterPlanWriter_MANUAL} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -55,18 +68,15 @@ if(RASTERPLANWRITER_BUILD_TOOL)
   endif()
 endif()
 
-set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/RasterPlanWriter)
-set(package_files ${PROJECT_BINARY_DIR}/package)
-install(
-  EXPORT RasterPlanWriterTargets
-  NAMESPACE RasterPlanWriter::
-  DESTINATION ${package_folder})
+cmake_path(GET RasterPlanWriter_TEMPLATE FILENAME template_name)
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterConfig.cmake.in ${package_files}/RasterPlanWriterConfig.cmake
   INSTALL_DESTINATION ${package_folder}
-  PATH_VARS installed_template)
+  PATH_VARS template_of_shared template_of_static
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(${package_files}/RasterPlanWriterConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(
   FILES ${package_files}/RasterPlanWriterConfig.cmake ${package_files}/RasterPlanWriterConfigVersion.cmake
-        ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterDeploy.cmake
+        ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterKind.cmake ${CMAKE_CURRENT_LIST_DIR}/RasterPlanWriterDeploy.cmake
   DESTINATION ${package_folder})
+include(PkgConfig)

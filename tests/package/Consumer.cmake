@@ -16,12 +16,4 @@ run(${CMAKE_COMMAND} -S ${PROJECT} -B ${BUILD} -G ${GENERATOR} -DCMAKE_BUILD_TYP
     -DCMAKE_CXX_EXTENSIONS=OFF ${SETTINGS})
 run(${CMAKE_COMMAND} --build ${BUILD} --config ${CONFIG} --parallel 2)
 
-file(GLOB_RECURSE program ${BUILD}/run/consumer ${BUILD}/run/consumer.exe)
-run_in(${BUILD} ${EMULATOR} ${program})
-
-file(READ ${BUILD}/south.dxf drawing) # line ends come as \n
-foreach(part "^0\nSECTION\n" "\nAcDbRasterImage\n" "\nsouth\\.png\n" "\nEOF\n")
-  if(NOT drawing MATCHES "${part}")
-    message(FATAL_ERROR "${BUILD}/south.dxf does not hold ${part}")
-  endif()
-endforeach()
+run_program(${BUILD}/run consumer)

@@ -15,3 +15,16 @@ function(run_in folder)
   message(STATUS "${shown}")
   execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${folder} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
+
+# run_program(<folder> <name>): runs the example host that lies in a folder or below it, and looks at its drawing.
+function(run_program folder name)
+  file(GLOB_RECURSE program ${folder}/${name} ${folder}/${name}.exe)
+  file(REMOVE ${folder}/south.dxf)
+  run_in(${folder} ${EMULATOR} ${program})
+  file(READ ${folder}/south.dxf drawing) # line ends come as \n
+  foreach(part "^0\nSECTION\n" "\nAcDbRasterImage\n" "\nsouth\\.png\n" "\nEOF\n")
+    if(NOT drawing MATCHES "${part}")
+      message(FATAL_ERROR "${folder}/south.dxf does not hold ${part}")
+    endif()
+  endforeach()
+endfunction()
