@@ -1,7 +1,7 @@
 # Installs two builds, one of the shared library and one of the static, into one folder in either order, which must come
 # to the same; then looks at the kinds that a project gets there, and runs the example with each.
-# FIRST, SECOND: the builds, the first of KIND; FIRST_INSTALLED, SECOND_INSTALLED: where each is installed alone; CONFIG;
-# BOTH: a folder for both; PROJECT, BUILD, EXAMPLE, GENERATOR, SETTINGS, EMULATOR as for Consumer.cmake.
+# SHARED_BUILD, STATIC_BUILD; SHARED, STATIC: where each is installed alone; BOTH: a folder for both; CONFIG;
+# PROJECT, BUILD, EXAMPLE, GENERATOR, SETTINGS, EMULATOR as for Consumer.cmake.
 cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
 
@@ -24,8 +24,8 @@ function(sums result folder)
   set(${result} "${all}" PARENT_SCOPE)
 endfunction()
 
-install_both(${BOTH} ${FIRST} ${SECOND})
-install_both(${BOTH}-reversed ${SECOND} ${FIRST})
+install_both(${BOTH} ${SHARED_BUILD} ${STATIC_BUILD})
+install_both(${BOTH}-reversed ${STATIC_BUILD} ${SHARED_BUILD})
 sums(one ${BOTH})
 sums(other ${BOTH}-reversed)
 if(NOT one STREQUAL other)
@@ -39,12 +39,6 @@ if(NOT one STREQUAL other)
   message(FATAL_ERROR "installed in the other order, these files differ:\n${differing}")
 endif()
 
-set(STATIC ${FIRST_INSTALLED})
-set(SHARED ${SECOND_INSTALLED})
-if(KIND STREQUAL "shared")
-  set(SHARED ${FIRST_INSTALLED})
-  set(STATIC ${SECOND_INSTALLED})
-endif()
 file(REMOVE_RECURSE ${BUILD})
 run(${CMAKE_COMMAND} -S ${PROJECT} -B ${BUILD} -G ${GENERATOR} -DCMAKE_BUILD_TYPE=${CONFIG} -DBOTH=${BOTH}
     -DSHARED=${SHARED} -DSTATIC=${STATIC} -DEXAMPLE=${EXAMPLE} ${SETTINGS})
