@@ -14,9 +14,11 @@ endif()
 cmake_path(ABSOLUTE_PATH LIBRARIES BASE_DIRECTORY ${PREFIX})
 
 # ask(<variable> <argument>...): what pkg-config answers, as a shell would read it.
+set(ENV{PKG_CONFIG_PATH} "")
+set(ENV{PKG_CONFIG_LIBDIR} ${LIBRARIES}/pkgconfig)
 function(ask result)
   execute_process(
-    COMMAND ${CMAKE_COMMAND} -E env PKG_CONFIG_PATH= PKG_CONFIG_LIBDIR=${LIBRARIES}/pkgconfig ${PKGCONF} ${ARGN} ${PACKAGE}
+    COMMAND ${PKGCONF} ${ARGN} ${PACKAGE}
     OUTPUT_VARIABLE said
     OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(words UNIX_COMMAND "${said}")
