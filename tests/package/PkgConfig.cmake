@@ -56,7 +56,7 @@ else()
   endif()
 endif()
 if(WINDOWS)
-  list(APPEND link -Wl,-Bstatic) # the compiler's own libraries, which Windows does not have
+  list(APPEND link -static-libgcc -Wl,-Bstatic) # the compiler's own libraries, which Windows does not have
 endif()
 run_in(${FOLDER} ${COMPILER} ${FLAGS} ${compile} ${SOURCE} -o consumer ${link})
 run_program(${FOLDER} consumer)
