@@ -40,7 +40,7 @@ bool isZero(const Direction& d) {
 
 bool isAlongZ(const Direction& d) {
     constexpr double tolerance = 1e-9;
-    return std::hypot(d.x, d.y) <= tolerance * std::abs(d.z);
+    return std::hypot(d.x, d.y, 0.0) <= tolerance * std::abs(d.z);
 }
 
 std::optional<Direction> direction(const DxfRecord& record, int code) {

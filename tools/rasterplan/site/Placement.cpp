@@ -52,7 +52,7 @@ constexpr Term yPerRow{"y per row", &MapTransform::yPerRow, 4};
 
 MapRectangle rectangleOf(const MapTransform& transform, PixelSize size, bool isWorldFile) {
     MapRectangle rectangle;
-    rectangle.pixel = std::hypot(transform.xPerColumn, transform.yPerColumn);
+    rectangle.pixel = length({transform.xPerColumn, transform.yPerColumn, 0.0});
     if (!(rectangle.pixel > 0.0)) {
         throw BadInput(isWorldFile ? "lines 1 and 2 are both 0, so that a pixel has no width; correct them"
                                    : "a pixel has no width; correct the tags");
