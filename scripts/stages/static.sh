@@ -1,7 +1,8 @@
-# The optimized static library: hosts that contain it, installed and packed.
+# The optimized static library: hosts that contain it, installed, and packed with the shared one.
 groups="build test"
 
 check() {
+    build shared
     if [ "$mode" = long ]; then
         build static
     else

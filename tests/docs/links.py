@@ -1,14 +1,14 @@
 """Every link of every document leads to a file, and where it names a heading, to that; the guide names every page of docs.
 
-Usage: links.py SOURCES, the folder of the repository. The network is not asked."""
+Usage: links.py FOLDER, that of the repository or of an unpacked archive. The network is not asked."""
 import pathlib
 import sys
 
-sources = pathlib.Path(sys.argv[1]).resolve()
-sys.path.insert(0, str(sources / "docs/doxygen"))
+root = pathlib.Path(sys.argv[1]).resolve()
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "docs/doxygen"))
 import markdown  # noqa: E402 pylint: disable=wrong-import-position
 
-GUIDE = sources / "docs/guide.md"
+GUIDE = root / "docs/guide.md"
 FOLDERS = ("", "docs", "docs/pictures", "examples")
 
 
@@ -17,7 +17,7 @@ def anchors(page):
     return {anchor for _, _, anchor in markdown.headings(page.read_text(encoding="utf-8"))}
 
 
-pages = sorted(page for folder in FOLDERS for page in (sources / folder).glob("*.md"))
+pages = sorted(page for folder in FOLDERS for page in (root / folder).glob("*.md"))
 findings = []
 links = 0
 in_guide = set()
@@ -32,12 +32,12 @@ for page in pages:
         target = (page.parent / path).resolve() if path else page
         if page == GUIDE:
             in_guide.add(target)
-        where = f"{page.relative_to(sources)}:{markdown.line_of(text, match.start())}: ({link})"
+        where = f"{page.relative_to(root)}:{markdown.line_of(text, match.start())}: ({link})"
         if not target.exists():
             findings.append(f"{where}: there is no such file")
         elif anchor and anchor not in anchors(target):
             findings.append(f"{where}: there is no such heading; there are: {', '.join(sorted(anchors(target)))}")
-findings += [f"docs/guide.md does not name {page.relative_to(sources)}"
+findings += [f"docs/guide.md does not name {page.relative_to(root)}"
              for page in pages if page.parent == GUIDE.parent and page != GUIDE and page not in in_guide]
 if not links:
     findings.append("no link was found at all")
