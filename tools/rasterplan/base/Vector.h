@@ -33,7 +33,7 @@ inline TripleDouble cross(const TripleDouble& a, const TripleDouble& b) {
 
 /// Length, without overflow or underflow on the way.
 inline double length(const TripleDouble& a) {
-    // Of three values, not two: that one is another function in every C library, and in glibc a newer one than 2.34.
+    // That of two values is the C library's own, and in glibc newer than what the archive may need.
     return std::hypot(a.x, a.y, a.z);
 }
 
