@@ -8,7 +8,7 @@ foreach(program sh env dirname mkdir rm id uname date basename cat)
   unset(place)
 endforeach()
 
-foreach(script demo test lint bench package-linux package-python package-windows)
+foreach(script demo test lint bench package-debian package-linux package-python package-windows)
   execute_process(
     COMMAND ${CMAKE_COMMAND} -E env PATH=${FOLDER} ${FOLDER}/sh ${SCRIPTS}/${script}
     RESULT_VARIABLE status
