@@ -6,6 +6,7 @@ function(rasterplanwriter_compile target)
   set_target_properties(
     ${target}
     PROPERTIES CXX_EXTENSIONS OFF
+               UNITY_BUILD OFF # the same objects as in a project that contains the library
                CXX_VISIBILITY_PRESET hidden
                VISIBILITY_INLINES_HIDDEN ON
                POSITION_INDEPENDENT_CODE ON)

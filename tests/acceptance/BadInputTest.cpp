@@ -2,6 +2,7 @@
 // crash.
 
 #include "ExportedDrawing.h"
+#include "support/Numbers.h"
 #include "support/StructureWalk.h"
 #include "support/TestFolder.h"
 #include "support/WideText.h"
@@ -18,8 +19,6 @@ namespace {
 
 using namespace rasterplan::test;
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double denormal = std::numeric_limits<double>::denorm_min();
 constexpr double largest = std::numeric_limits<double>::max();
 
@@ -40,7 +39,7 @@ void forEachCoordinateReplaced(double value, const Visitor& visit) {
 }
 
 RasterPlanWriter::ErrorEnum writtenTo(const std::filesystem::path& path) {
-    RasterPlanWriter facade(wideText(utf8FromPath(path)).c_str());
+    RasterPlanWriter facade(wideTextOf(utf8FromPath(path)).c_str());
     EXPECT_EQ(facade.add(lyingAt(0, 0, 0)), RasterPlanWriter::Success);
     return facade.create3DDxf();
 }
@@ -132,7 +131,7 @@ TEST(BadPixels, AreWrittenAsTheHostGaveThem) {
         RasterPlanWriter facade;
         const TestFolder folder;
         const auto file = folder / "drawing.dxf";
-        facade = RasterPlanWriter(wideText(utf8FromPath(file)).c_str());
+        facade = RasterPlanWriter(wideTextOf(utf8FromPath(file)).c_str());
         EXPECT_EQ(facade.add(image), RasterPlanWriter::Success);
         EXPECT_EQ(facade.create3DDxf(), RasterPlanWriter::Success);
         for (const DxfRecord& record : strictRecords(strictGroups(readBytes(file)))) {
@@ -178,7 +177,7 @@ TEST(BadImagePaths, NullAndEmptyAreWrittenAsEmptyTexts) {
 
 TEST(BadImagePaths, NewlineStaysInTheDrawing) {
     const TestFolder folder;
-    RasterPlanWriter facade(wideText(utf8FromPath(folder / "drawing.dxf")).c_str());
+    RasterPlanWriter facade(wideTextOf(utf8FromPath(folder / "drawing.dxf")).c_str());
     EXPECT_EQ(facade.add(imageAt({0, 2, 0}, {0, 0, 0}, {3, 0, 0}, L"first\nsecond.png")),
               RasterPlanWriter::Success);
     EXPECT_EQ(facade.create3DDxf(), RasterPlanWriter::Success);
@@ -199,7 +198,7 @@ TEST(BadImagePaths, CodePointBeyondUnicodeThrowsAndTheDrawingEndsBeforeIt) {
         GTEST_SKIP() << "wide characters of 16 bits hold no such code point";
     const wchar_t path[] = {L'a', static_cast<wchar_t>(0x110000L), L'\0'};
     const TestFolder folder;
-    RasterPlanWriter facade(wideText(utf8FromPath(folder / "drawing.dxf")).c_str());
+    RasterPlanWriter facade(wideTextOf(utf8FromPath(folder / "drawing.dxf")).c_str());
     EXPECT_EQ(facade.add(imageAt({0, 2, 0}, {0, 0, 0}, {3, 0, 0}, path)), RasterPlanWriter::Success);
     EXPECT_THROW(facade.create3DDxf(), std::range_error);
     // The image dictionary names the file and is the first record to do so.

@@ -36,7 +36,7 @@ ExportedDrawing exported(const std::vector<ImageParam>& images,
                          const std::function<RasterPlanWriter::ErrorEnum(RasterPlanWriter&)>& write) {
     const TestFolder folder;
     const std::filesystem::path file = folder / "drawing.dxf";
-    RasterPlanWriter facade(wideText(utf8FromPath(file)).c_str());
+    RasterPlanWriter facade(wideTextOf(utf8FromPath(file)).c_str());
     const auto demand = [](RasterPlanWriter::ErrorEnum result) {
         if (result != RasterPlanWriter::Success)
             throw std::runtime_error(nameOf(result));

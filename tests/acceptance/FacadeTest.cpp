@@ -22,7 +22,7 @@ const TripleDouble yAxis(0.0, 1.0, 0.0);
 class Facade : public ::testing::Test {
 protected:
     RasterPlanWriter newFacade(const char* name = "drawing.dxf") const {
-        return RasterPlanWriter(wideText(utf8FromPath(m_folder / name)).c_str());
+        return RasterPlanWriter(wideTextOf(utf8FromPath(m_folder / name)).c_str());
     }
 
     bool isWritten(const char* name = "drawing.dxf") const { return exists(m_folder / name); }

@@ -1,5 +1,6 @@
 #include "ExportedDrawing.h"
 #include "Triple.h"
+#include "support/Numbers.h"
 #include "support/StructureWalk.h"
 #include "support/TestFolder.h"
 #include "support/WideText.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
-#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -17,9 +17,6 @@
 namespace {
 
 using namespace rasterplan::test;
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // Three directions at right angles, of length 1: x and y span a plane, z looks out of it.
 struct Frame {
@@ -165,7 +162,7 @@ void expectUntouched(const Proposal& plane) {
 class FlattenWith {
 public:
     FlattenWith()
-        : m_facade(wideText(utf8FromPath(m_folder / "drawing.dxf")).c_str()) {
+        : m_facade(wideTextOf(utf8FromPath(m_folder / "drawing.dxf")).c_str()) {
         EXPECT_EQ(m_facade.add(pictureIn(wall, {2, 0, 13}, 6, 4).param()), RasterPlanWriter::Success);
     }
 

@@ -22,7 +22,7 @@ std::string withUnixLineEnds(std::string text) {
 
 int runShell(const std::string& command) {
 #ifdef _WIN32
-    return _wsystem(wideText(command).c_str());
+    return _wsystem(wideTextOf(command).c_str());
 #else
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -47,7 +47,7 @@ const TestFolder& folder() {
 }
 
 const std::wstring& outputPath() {
-    static const std::wstring path = wideText(utf8FromPath(folder() / "plan.dxf"));
+    static const std::wstring path = wideTextOf(utf8FromPath(folder() / "plan.dxf"));
     return path;
 }
 

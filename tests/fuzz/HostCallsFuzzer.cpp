@@ -121,7 +121,7 @@ public:
 
 private:
     void begin() {
-        static const std::wstring path = wideText(utf8FromPath(drawingFile()));
+        static const std::wstring path = wideTextOf(utf8FromPath(drawingFile()));
         m_facade = RasterPlanWriter(path.c_str());
         m_images = 0;
         m_areDecent = true;

@@ -39,7 +39,7 @@ struct Written {
 Written write(int images, std::string_view templateText) {
     static const TestFolder folder;
     static const std::filesystem::path file = folder / "drawing.dxf";
-    static const std::wstring widePath = wideText(utf8FromPath(file));
+    static const std::wstring widePath = wideTextOf(utf8FromPath(file));
     writeBytes(RASTERPLAN_TEMPLATE_BESIDE_LIBRARY, templateText);
     RasterPlanWriter facade(widePath.c_str());
     for (int i = 0; i < images; ++i)

@@ -20,4 +20,10 @@ inline ImageParam levelImage(const TripleDouble& leftBottom, double width, doubl
     return imageAt({corner.x, corner.y + height, corner.z}, corner, {corner.x + width, corner.y, corner.z});
 }
 
+/// An image of a wall that faces the negative y direction: U is x, V is z.
+inline ImageParam wallImage(const TripleDouble& leftBottom, double width, double height) {
+    const TripleDouble& corner = leftBottom;
+    return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});
+}
+
 } // namespace rasterplan::test

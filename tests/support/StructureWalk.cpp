@@ -22,7 +22,7 @@ using rasterplan_tool::reactorsOf;
 constexpr const char* rootDictionary = "9";
 constexpr const char* imageDictionary = "5A";
 
-double number(const std::string& text) {
+double numberOf(const std::string& text) {
     double value = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size())
@@ -207,11 +207,11 @@ private:
         const DxfRecord& space = named(ownerOf(image), "BLOCK_RECORD");
         check(space.value(2) == "*Model_Space", image, "not owned by the model space");
 
-        const double width = number(image.value(13));
-        const double height = number(image.value(23));
-        check(number(definition.value(10)) == width && number(definition.value(20)) == height, definition,
+        const double width = numberOf(image.value(13));
+        const double height = numberOf(image.value(23));
+        check(numberOf(definition.value(10)) == width && numberOf(definition.value(20)) == height, definition,
               "other pixel counts than its image");
-        check(number(definition.value(11)) > 0.0, definition, "no pixel size");
+        check(numberOf(definition.value(11)) > 0.0, definition, "no pixel size");
         checkClipBoundary(image, width, height);
     }
 
@@ -220,8 +220,8 @@ private:
               "the clip boundary is not a rectangle of two corners");
         const std::vector<std::string> x = image.values(14);
         const std::vector<std::string> y = image.values(24);
-        check(x.size() == 2 && y.size() == 2 && number(x[0]) == -0.5 && number(y[0]) == -0.5 &&
-                  number(x[1]) == width - 0.5 && number(y[1]) == height - 0.5,
+        check(x.size() == 2 && y.size() == 2 && numberOf(x[0]) == -0.5 && numberOf(y[0]) == -0.5 &&
+                  numberOf(x[1]) == width - 0.5 && numberOf(y[1]) == height - 0.5,
               image, "the clip boundary is not the whole picture");
     }
 

@@ -4,7 +4,7 @@
 
 namespace rasterplan::test {
 
-std::wstring wideText(std::string_view utf8) {
+std::wstring wideTextOf(std::string_view utf8) {
     std::wstring text;
     for (std::size_t i = 0; i < utf8.size();) {
         const auto lead = static_cast<unsigned char>(utf8[i++]);

@@ -15,7 +15,7 @@ template <typename Write>
 std::string writtenBytes(const Write& write) {
     const TestFolder folder;
     {
-        const File file = openForWriting(wideText(utf8FromPath(folder / "bytes")));
+        const File file = openForWriting(wideTextOf(utf8FromPath(folder / "bytes")));
         if (!file)
             throw std::runtime_error("cannot write the file");
         OutputBuffer buffer(file.get());

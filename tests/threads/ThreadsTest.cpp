@@ -47,7 +47,7 @@ struct Export {
 };
 
 Export exported(int seed, const std::filesystem::path& file) {
-    RasterPlanWriter facade(wideText(utf8FromPath(file)).c_str());
+    RasterPlanWriter facade(wideTextOf(utf8FromPath(file)).c_str());
     Export written;
     for (const ImageParam& image : imagesOf(seed)) {
         written.result = facade.add(image);
@@ -106,7 +106,7 @@ TEST(Threads, EachWritesWhatItWritesAlone) {
 TEST(Threads, LastOfAllCopiesFreesTheDrawing) {
     const TestFolder folder;
     for (int round = 0; round < 50; ++round) {
-        RasterPlanWriter first(wideText(utf8FromPath(folder / "drawing.dxf")).c_str());
+        RasterPlanWriter first(wideTextOf(utf8FromPath(folder / "drawing.dxf")).c_str());
         ASSERT_EQ(first.add(levelImage({0, 0, 0}, 3, 2)), RasterPlanWriter::Success);
         std::vector<std::optional<RasterPlanWriter>> copies(threadCount, first);
         first = RasterPlanWriter();

@@ -47,4 +47,8 @@ std::string siteText(const std::vector<std::string>& images) {
     return text + "\n]}\n";
 }
 
+bool holds(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
 } // namespace rasterplan_tool

@@ -35,4 +35,7 @@ std::string imageText(std::string_view path, double x = 0.0, double y = 0.0);
 /// The text of SITE.json with these images.
 std::string siteText(const std::vector<std::string>& images);
 
+/// Whether a text holds another.
+bool holds(std::string_view text, std::string_view part);
+
 } // namespace rasterplan_tool

@@ -34,7 +34,7 @@ TEST(LibraryFolder, MayHoldUmlautsBlanksAndCjkLetters) {
     const std::wstring base = test.path().wstring();
     for (const char* name :
          {"Größe und Maß", "図面 폴더 文件", "ÄÖÜ äöü ß", "Ω plan é", "one\xF0\x9F\x8F\xA0two"})
-        EXPECT_EQ(resultIn(base + L'\\' + wideText(name), test / "out.dxf"), RasterPlanWriter::Success)
+        EXPECT_EQ(resultIn(base + L'\\' + wideTextOf(name), test / "out.dxf"), RasterPlanWriter::Success)
             << name;
 }
 

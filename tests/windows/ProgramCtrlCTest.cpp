@@ -11,7 +11,7 @@ using namespace rasterplan::test;
 
 namespace {
 
-constexpr const char* site = R"({"images": [{"path": "a.png", "leftTop": [0, 0, 3],
+constexpr const char* siteOfOneImage = R"({"images": [{"path": "a.png", "leftTop": [0, 0, 3],
     "leftBottom": [0, 0, 0], "rightBottom": [5, 0, 0], "pixelsPerUnit": 200}]})";
 
 // An output that takes nothing: who prints to it waits.
@@ -50,7 +50,7 @@ std::vector<std::string> namesIn(const std::filesystem::path& folder) {
 
 TEST(ProgramCtrlC, RemovesTheUnfinishedDrawingAndKeepsTheOldOne) {
     const TestFolder test;
-    writeBytes(test / "SITE.json", site);
+    writeBytes(test / "SITE.json", siteOfOneImage);
     writeBytes(test / "out.dxf", "good drawing");
     const std::vector<std::string> names = namesIn(test.path());
     const CloggedPipe output;

@@ -100,7 +100,7 @@ private:
     void startDrawing(std::string_view path) {
         const std::string output = path.empty() ? utf8FromPath(m_defaultOutput) : std::string(path);
         m_output = pathFromUtf8(output);
-        m_facade.emplace(wideText(output).c_str());
+        m_facade.emplace(wideTextOf(output).c_str());
         forgetOldDrawing();
     }
 
@@ -124,7 +124,7 @@ private:
         const TripleDouble leftBottom = words.nextTriple();
         const TripleDouble rightBottom = words.nextTriple();
         if (!words.rest().empty())
-            image.setImagePath(wideText(words.rest()).c_str());
+            image.setImagePath(wideTextOf(words.rest()).c_str());
         answer("image", [&] {
             image.setImageCorners(leftTop, leftBottom, rightBottom);
             if (m_reports)

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view complete = "0\r\nSECTION\r\n  0\r\nEOF\r\n";
 
-std::string failureOf(const fs::path& output) {
+std::string failureOfOutput(const fs::path& output) {
     try {
         const PendingDrawing pending(output);
     } catch (const ExportFailed& failure) {
@@ -145,13 +145,15 @@ TEST(PendingDrawing, MissingImagesAreFound) {
 TEST(PendingDrawing, UnusablePlacesAreRefusedInWords) {
     const TestFolder folder;
     const std::string name = quoted(folder.path());
-    EXPECT_EQ(failureOf(folder.path()), name + ": this is a folder; name a file in it, such as site.dxf");
-    EXPECT_NE(failureOf(folder / "new/").find(": this is a folder; name a file in it"), std::string::npos);
-    EXPECT_EQ(failureOf(folder / "no/out.dxf"), quoted(folder / "no/out.dxf") + ": the folder " +
-                                                    quoted(folder / "no") +
-                                                    " does not exist; create it or name another one");
+    EXPECT_EQ(failureOfOutput(folder.path()),
+              name + ": this is a folder; name a file in it, such as site.dxf");
+    EXPECT_NE(failureOfOutput(folder / "new/").find(": this is a folder; name a file in it"),
+              std::string::npos);
+    EXPECT_EQ(failureOfOutput(folder / "no/out.dxf"), quoted(folder / "no/out.dxf") + ": the folder " +
+                                                          quoted(folder / "no") +
+                                                          " does not exist; create it or name another one");
     writeFile(folder / "file", "");
-    EXPECT_NE(failureOf(folder / "file/out.dxf").find("does not exist; create it"), std::string::npos);
+    EXPECT_NE(failureOfOutput(folder / "file/out.dxf").find("does not exist; create it"), std::string::npos);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"file"});
 }
 
@@ -164,7 +166,7 @@ TEST(PendingDrawing, WriteProtectedFileIsRefused) {
         const rasterplan::test::OrdinaryUser user;
         if (!user.holds() || std::ofstream(output, std::ios::app).is_open())
             GTEST_SKIP() << "permissions bind nobody here: the administrator, or who runs Wine as one";
-        EXPECT_EQ(failureOf(output),
+        EXPECT_EQ(failureOfOutput(output),
                   quoted(output) +
                       ": the file exists and cannot be written; take away its write protection, close the "
                       "program that holds it open, or name another file");
@@ -175,7 +177,7 @@ TEST(PendingDrawing, WriteProtectedFileIsRefused) {
 
 #ifndef _WIN32
 TEST(PendingDrawing, DevicesAreRefused) {
-    EXPECT_EQ(failureOf("/dev/null"),
+    EXPECT_EQ(failureOfOutput("/dev/null"),
               "\"/dev/null\": this is a device or a pipe; a drawing can only be written to a file");
 }
 
@@ -200,7 +202,8 @@ TEST(PendingDrawing, LinksInACircleAreRefused) {
     const TestFolder folder;
     fs::create_symlink("b.dxf", folder / "a.dxf");
     fs::create_symlink("a.dxf", folder / "b.dxf");
-    EXPECT_NE(failureOf(folder / "a.dxf").find("the symbolic links lead in a circle"), std::string::npos);
+    EXPECT_NE(failureOfOutput(folder / "a.dxf").find("the symbolic links lead in a circle"),
+              std::string::npos);
 }
 
 TEST(PendingDrawing, PermissionsOfTheReplacedFileStay) {

@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 namespace rasterplan_tool {
 namespace {
 
-std::string errorOf(const std::string& text) {
+std::string errorOfWorldFile(const std::string& text) {
     try {
         parseWorldFile(text);
     } catch (const WorldFileError& error) {
@@ -53,16 +53,16 @@ TEST(WorldFile, IsReadAsManyProgramsWriteIt) {
 
 TEST(WorldFile, WrongLinesAreNamed) {
     EXPECT_EQ(
-        errorOf("0,5\n0\n0\n-0.5\n1\n2"),
+        errorOfWorldFile("0,5\n0\n0\n-0.5\n1\n2"),
         "line 1 is \"0,5\", which is no number that fits; a world file is six lines with one number each, "
         "with a point");
-    EXPECT_EQ(errorOf("0.5\n0\n0\n-0.5\n1").find("line 6 is \"\", which is no number"), 0U);
-    EXPECT_EQ(errorOf("").find("line 1 is \"\""), 0U);
-    EXPECT_EQ(errorOf("0.5\n0\n0 0\n").find("line 3 is \"0 0\""), 0U);
-    EXPECT_EQ(errorOf("0.5\nnan\n").find("line 2 is \"nan\""), 0U);
-    EXPECT_EQ(errorOf("0.5\n0\n0\n1\n2e18\n").find("line 5 is \"2e18\""), 0U);
-    EXPECT_EQ(errorOf("\x1B[2J\n").find("line 1 is \"\\x1b[2J\""), 0U);
-    EXPECT_EQ(errorOf("1\n0\n0\n-1\n0\n0\n\n7\n").find("there is more than six lines"), 0U);
+    EXPECT_EQ(errorOfWorldFile("0.5\n0\n0\n-0.5\n1").find("line 6 is \"\", which is no number"), 0U);
+    EXPECT_EQ(errorOfWorldFile("").find("line 1 is \"\""), 0U);
+    EXPECT_EQ(errorOfWorldFile("0.5\n0\n0 0\n").find("line 3 is \"0 0\""), 0U);
+    EXPECT_EQ(errorOfWorldFile("0.5\nnan\n").find("line 2 is \"nan\""), 0U);
+    EXPECT_EQ(errorOfWorldFile("0.5\n0\n0\n1\n2e18\n").find("line 5 is \"2e18\""), 0U);
+    EXPECT_EQ(errorOfWorldFile("\x1B[2J\n").find("line 1 is \"\\x1b[2J\""), 0U);
+    EXPECT_EQ(errorOfWorldFile("1\n0\n0\n-1\n0\n0\n\n7\n").find("there is more than six lines"), 0U);
 }
 
 TEST(WorldFile, FilesThatAreNoneAreErrors) {

@@ -21,7 +21,7 @@
 namespace rasterplan_tool {
 namespace {
 
-const Plane upright{{0, 0, 0}, {1, 0, 0}, {0, 0, 1}};
+const Plane uprightPlane{{0, 0, 0}, {1, 0, 0}, {0, 0, 1}};
 constexpr double degree = 0.017453292519943295;
 
 std::string json(const TripleDouble& triple) {
@@ -60,7 +60,7 @@ protected:
     }
 
     // What is warned of an image that is flattened into the plane.
-    std::string warningOf(const std::string& image, const Plane& plane = upright) {
+    std::string warningOf(const std::string& image, const Plane& plane = uprightPlane) {
         const auto option = [](const char* name, const TripleDouble& triple) {
             const std::string text = json(triple);
             return name + ('=' + text.substr(1, text.size() - 2));
@@ -120,12 +120,12 @@ TEST_F(PlaneReport, FramesLieAsFarBesideTheirPicturesAsIsSaid) {
         Plane plane;
         bool isBeside;
     } cases[] = {
-        {turnedAt({40, 0, 1}, 0.8), upright, true},
-        {turnedAt({-7, 2, 30}, 30), upright, true},
-        {turnedAt({7, 2, 3}, 180), upright, true},
-        {imageAt({40, -25, 1}, {1, 0, 0}, {0, lean, rise}), upright, true},
-        {imageAt({40, 25, 1}, {rise, lean, 0}, {0, 0, 1}), upright, false},
-        {imageAt({40, 25, 1}, {-1, 0, 0}, {0, 0, 1}), upright, false},
+        {turnedAt({40, 0, 1}, 0.8), uprightPlane, true},
+        {turnedAt({-7, 2, 30}, 30), uprightPlane, true},
+        {turnedAt({7, 2, 3}, 180), uprightPlane, true},
+        {imageAt({40, -25, 1}, {1, 0, 0}, {0, lean, rise}), uprightPlane, true},
+        {imageAt({40, 25, 1}, {rise, lean, 0}, {0, 0, 1}), uprightPlane, false},
+        {imageAt({40, 25, 1}, {-1, 0, 0}, {0, 0, 1}), uprightPlane, false},
         {turnedAt({500040, 200000, 501}, 0.8), {{500000, 200000, 500}, {1, 0, 0}, {0, 0, 1}}, true},
         {imageAt({3, 1, 2}, {1, 0, 0}, {0, 0, 1}), {{1, 2, 3}, {2, 0, 0.2}, {0, 0, 3}}, true},
         {imageAt({3, 1, 2}, {1, 0, 0}, {0, 0, 1}), {{1, 2, 3}, {1, 0, 0}, {0, 0.6, 0.8}}, true},

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* goodImage = R"({"path": "a.png", "leftTop": [0,0,1], "leftBottom": [0,0,0],
 "rightBottom": [2,0,0], "pixelsPerUnit": 100})";
 
-std::string failureOf(const std::string& text) {
+std::string failureOfManifest(const std::string& text) {
     try {
         parseManifest(text, "SITE.json");
     } catch (const BadInput& failure) {
@@ -64,8 +64,10 @@ TEST(Manifest, NameIsWhatMessagesCallAnImage) {
     std::string text = siteWith("name", "\"Süd\\n\"");
     EXPECT_EQ(parseManifest(text, "SITE.json").images[0].name, "Süd\n");
     EXPECT_EQ(parseManifest(text, "SITE.json").where(0), "SITE.json:1: image 1 (\"Süd\\n\")");
-    EXPECT_NE(failureOf(siteWith("name", "\"\"")).find("field \"name\": is empty"), std::string::npos);
-    EXPECT_NE(failureOf(siteWith("name", "7")).find("field \"name\": is a number"), std::string::npos);
+    EXPECT_NE(failureOfManifest(siteWith("name", "\"\"")).find("field \"name\": is empty"),
+              std::string::npos);
+    EXPECT_NE(failureOfManifest(siteWith("name", "7")).find("field \"name\": is a number"),
+              std::string::npos);
 }
 
 TEST(Manifest, SchemaAndFieldsOfTheUsersOwnArePassedOver) {
@@ -73,7 +75,7 @@ TEST(Manifest, SchemaAndFieldsOfTheUsersOwnArePassedOver) {
     EXPECT_EQ(
         parseManifest(R"({"$schema": 7, "_": null, "images": [)" + image + "]}", "SITE.json").images.size(),
         1U);
-    EXPECT_NE(failureOf(siteWith("$schema", "\"x\"")).find("has the unknown field \"$schema\""),
+    EXPECT_NE(failureOfManifest(siteWith("$schema", "\"x\"")).find("has the unknown field \"$schema\""),
               std::string::npos);
 }
 
@@ -138,7 +140,7 @@ TEST(Manifest, MixedAndIncompleteWaysOfPlacingAreErrors) {
     };
     for (const auto& wrong : cases) {
         const std::string failure =
-            failureOf("{\"images\": [{\"path\": \"a.png\", " + std::string(wrong.fields) + "}]}");
+            failureOfManifest("{\"images\": [{\"path\": \"a.png\", " + std::string(wrong.fields) + "}]}");
         EXPECT_EQ(failure.find("SITE.json:1: image 1"), 0U) << failure;
         EXPECT_NE(failure.find(wrong.complaint), std::string::npos) << failure;
         EXPECT_NE(failure.find(';'), std::string::npos) << "says nothing to do: " << failure;
@@ -165,28 +167,29 @@ TEST(Manifest, UnitIsMetersWithoutASayOtherwise) {
 }
 
 TEST(Manifest, ErrorsOfTheWholeTextNameFileAndLine) {
-    EXPECT_EQ(failureOf(""),
+    EXPECT_EQ(failureOfManifest(""),
               "SITE.json:1:1: this is not JSON: there is nothing in it; write {\"images\": [...]}");
     EXPECT_EQ(
-        failureOf("{\n\"images\": [{}, {\"path\": a.png}]}"),
+        failureOfManifest("{\n\"images\": [{}, {\"path\": a.png}]}"),
         "SITE.json:2:25: image 2: this is not JSON: a.png is no value; write a number, true, false or null, "
         "and every text in quotation marks");
-    EXPECT_EQ(failureOf("\n[]"), "SITE.json:2: the site is a list; write an object: {...}");
-    EXPECT_EQ(failureOf("{}"),
+    EXPECT_EQ(failureOfManifest("\n[]"), "SITE.json:2: the site is a list; write an object: {...}");
+    EXPECT_EQ(failureOfManifest("{}"),
               "SITE.json:1: the site has no field \"images\"; add it, for example \"images\": "
               "[{\"path\": ...}]");
-    EXPECT_EQ(failureOf("{\n\"images\":\n 7}"),
+    EXPECT_EQ(failureOfManifest("{\n\"images\":\n 7}"),
               "SITE.json:3: the site, field \"images\": is a number; write a list: [{...}, {...}]");
     EXPECT_EQ(
-        failureOf("{\"images\": []}"),
+        failureOfManifest("{\"images\": []}"),
         "SITE.json:1: the site, field \"images\": is an empty list; a drawing needs at least one image");
     EXPECT_EQ(
-        failureOf("{\"units\": \"Feet\", \"images\": []}"),
+        failureOfManifest("{\"units\": \"Feet\", \"images\": []}"),
         "SITE.json:1: the site has the unknown field \"units\" (did you mean \"unit\"?); the fields are "
         "$schema, unit, images");
-    EXPECT_EQ(failureOf("{\"images\": [],\n\"images\": []}"),
+    EXPECT_EQ(failureOfManifest("{\"images\": [],\n\"images\": []}"),
               "SITE.json:2: the site has the field \"images\" twice; leave one of them out");
-    EXPECT_EQ(failureOf("{\"images\": [7]}"), "SITE.json:1: image 1 is a number; write an object: {...}");
+    EXPECT_EQ(failureOfManifest("{\"images\": [7]}"),
+              "SITE.json:1: image 1 is a number; write an object: {...}");
 }
 
 TEST(Manifest, MissingFieldsAreNamed) {
@@ -194,10 +197,10 @@ TEST(Manifest, MissingFieldsAreNamed) {
         std::string text = siteWith("unit", "\"Feet\"");
         const std::size_t place = text.find('"' + std::string(field));
         text.erase(place, text.find('\n', place) + 1 - place);
-        EXPECT_EQ(
-            failureOf(text).find("SITE.json:1: image 1 has no field \"" + std::string(field) + "\"; add it"),
-            0U)
-            << failureOf(text);
+        EXPECT_EQ(failureOfManifest(text).find("SITE.json:1: image 1 has no field \"" + std::string(field) +
+                                               "\"; add it"),
+                  0U)
+            << failureOfManifest(text);
     }
 }
 
@@ -231,7 +234,7 @@ TEST(Manifest, WrongValuesAreNamedWithTheirLine) {
     };
     for (const auto& wrong : cases) {
         const std::string place = "SITE.json:7: image 1, field \"" + std::string(wrong.field) + "\": ";
-        const std::string failure = failureOf(siteWith(wrong.field, wrong.value));
+        const std::string failure = failureOfManifest(siteWith(wrong.field, wrong.value));
         EXPECT_EQ(failure.find(place + wrong.complaint), 0U) << failure;
         EXPECT_NE(failure.find(';'), std::string::npos) << "says nothing to do: " << failure;
     }
@@ -239,7 +242,7 @@ TEST(Manifest, WrongValuesAreNamedWithTheirLine) {
 
 TEST(Manifest, NumbersBeyondDoubleAreAnError) {
     for (const char* number : {"1e999", "NaN"}) {
-        EXPECT_EQ(failureOf(siteWith("leftTop", "[0, " + std::string(number) + ", 0]"))
+        EXPECT_EQ(failureOfManifest(siteWith("leftTop", "[0, " + std::string(number) + ", 0]"))
                       .find("SITE.json:7:16: image 1: this is not JSON: " + std::string(number) + " is no "),
                   0U);
     }
@@ -247,17 +250,19 @@ TEST(Manifest, NumbersBeyondDoubleAreAnError) {
 
 TEST(Manifest, UnknownAndRepeatedFieldsOfAnImageAreAnError) {
     EXPECT_EQ(
-        failureOf(siteWith("pixelPerUnit", "200")),
+        failureOfManifest(siteWith("pixelPerUnit", "200")),
         "SITE.json:8: image 1 has the unknown field \"pixelPerUnit\" (did you mean \"pixelsPerUnit\"?); the "
         "fields are path, name, leftTop, leftBottom, rightBottom, right, up, pixelsPerUnit, worldFile, "
         "plane, elevation, unit");
     std::string text = siteWith("unit", "\"Feet\"");
     text.replace(text.find("\n}]}"), 1, ",\n\"path\": \"b.png\"\n");
-    EXPECT_EQ(failureOf(text), "SITE.json:8: image 1 has the field \"path\" twice; leave one of them out");
+    EXPECT_EQ(failureOfManifest(text),
+              "SITE.json:8: image 1 has the field \"path\" twice; leave one of them out");
 }
 
 TEST(Manifest, EveryWrongImageIsReported) {
-    const std::string failure = failureOf("{\"images\": [\n1,\n" + std::string(goodImage) + ",\n{}\n]}");
+    const std::string failure =
+        failureOfManifest("{\"images\": [\n1,\n" + std::string(goodImage) + ",\n{}\n]}");
     EXPECT_EQ(failure.find("SITE.json:2: image 1 is a number"), 0U) << failure;
     EXPECT_NE(failure.find("\nSITE.json:5: image 3 has no field \"path\""), std::string::npos) << failure;
     EXPECT_EQ(failure.find("image 2"), std::string::npos) << failure;
@@ -267,7 +272,7 @@ TEST(Manifest, VeryManyWrongImagesAreCounted) {
     std::string text = "{\"images\": [0";
     for (int i = 1; i < 25; ++i)
         text += ",0";
-    const std::string failure = failureOf(text + "]}");
+    const std::string failure = failureOfManifest(text + "]}");
     EXPECT_NE(failure.find("image 20 is a number"), std::string::npos);
     EXPECT_EQ(failure.find("image 21 is a number"), std::string::npos);
     EXPECT_NE(failure.find("\nand 5 more images are wrong"), std::string::npos) << failure;

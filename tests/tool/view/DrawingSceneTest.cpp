@@ -49,7 +49,7 @@ DrawingScene sceneOf(const std::string& text) {
     return readScene(writeFile(folder / "site.dxf", text));
 }
 
-std::string failureOf(const std::string& text) {
+std::string failureOfScene(const std::string& text) {
     try {
         sceneOf(text);
     } catch (const BadInput& failure) {
@@ -144,15 +144,15 @@ TEST(DrawingScene, ViewportMayBeMissing) {
 }
 
 TEST(DrawingScene, SaysWhereADrawingIsBroken) {
-    EXPECT_EQ(failureOf(drawingText(with(image(), 13, "many"))),
+    EXPECT_EQ(failureOfScene(drawingText(with(image(), 13, "many"))),
               "\", line 53: the IMAGE has no number at code 13; write or save the drawing again");
-    EXPECT_EQ(failureOf(drawingText(with(image(), 11, "0"))),
+    EXPECT_EQ(failureOfScene(drawingText(with(image(), 11, "0"))),
               "\", line 53: the IMAGE has no area; take it out or give it one in the program that wrote the "
               "drawing");
-    EXPECT_NE(failureOf("0\nSECTION\n").find("; this is no whole DXF drawing: write or save it again"),
+    EXPECT_NE(failureOfScene("0\nSECTION\n").find("; this is no whole DXF drawing: write or save it again"),
               std::string::npos);
-    EXPECT_EQ(failureOf("AC1024 and more"), "\": this is a DWG drawing; save it as text DXF");
-    EXPECT_EQ(failureOf("AutoCAD Binary DXF\r\n\x1a" + std::string(1, '\0')),
+    EXPECT_EQ(failureOfScene("AC1024 and more"), "\": this is a DWG drawing; save it as text DXF");
+    EXPECT_EQ(failureOfScene("AutoCAD Binary DXF\r\n\x1a" + std::string(1, '\0')),
               "\": this is a binary DXF; save it as text DXF");
 }
 

@@ -1,5 +1,7 @@
 #include "view/Page.h"
 
+#include "tool/TestFiles.h"
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -33,10 +35,6 @@ Json drawingIn(const std::string& page) {
     constexpr std::string_view begin = R"(id="drawing">)";
     const std::size_t start = page.find(begin) + begin.size();
     return Json::parse(page.substr(start, page.find("</script>", start) - start));
-}
-
-bool holds(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
 }
 
 } // namespace

@@ -23,10 +23,6 @@ ProgramResult viewIn(const TestFolder& folder, std::vector<std::string> argument
     return runProgram(arguments, standingIn(folder.path()));
 }
 
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 } // namespace
 
 TEST(ViewDrawing, WritesAPageBesideTheDrawing) {

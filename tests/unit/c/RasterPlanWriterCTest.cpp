@@ -49,7 +49,7 @@ TEST(CFunctions, WritesWhatTheFacadeWrites) {
     image.setImageCorners({0, 0, 3}, {0, 0, 0}, {5, 0, 0});
     image.setNumberPixelPerUnit(200);
     image.setDrawingUnit(Feet);
-    RasterPlanWriter writer(wideText(utf8FromPath(test / "cpp.dxf")).c_str());
+    RasterPlanWriter writer(wideTextOf(utf8FromPath(test / "cpp.dxf")).c_str());
     ASSERT_EQ(writer.add(image), RasterPlanWriter::Success);
     ASSERT_EQ(writer.create3DDxf(), RasterPlanWriter::Success);
     EXPECT_EQ(readBytes(test / "c.dxf"), readBytes(test / "cpp.dxf"));

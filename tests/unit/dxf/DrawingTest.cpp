@@ -1,11 +1,11 @@
 #include "dxf/Drawing.h"
 
 #include "support/Images.h"
+#include "support/Numbers.h"
 #include "support/WrittenBytes.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,9 +39,6 @@ std::vector<Segment> segmentsOf(const ImageParam& image) {
 std::string viewOf(const Drawing& drawing) {
     return writtenBytes([&](OutputBuffer& out) { drawing.viewport.createSection().render(out); });
 }
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 } // namespace
 
@@ -113,9 +110,9 @@ TEST(Drawing, RefusedImageChangesNothing) {
              imageAt({0.0011, 1, 0}, {0, 0, 0}, {1, 0, 0}),                 // not rectangular
              imageAt({-0.0011, 1, 0}, {0, 0, 0}, {1, 0, 0}),                //
              imageAt({2, 0, 0}, {0, 0, 0}, {1, 0, 0}),                      // both edges in one direction
-             imageAt({nan, 1, 0}, {0, 0, 0}, {1, 0, 0}),                    //
-             imageAt({0, 1, 0}, {0, 0, nan}, {1, 0, 0}),                    //
-             imageAt({0, 1, 0}, {0, 0, 0}, {1, nan, 0}),                    //
+             imageAt({notANumber, 1, 0}, {0, 0, 0}, {1, 0, 0}),             //
+             imageAt({0, 1, 0}, {0, 0, notANumber}, {1, 0, 0}),             //
+             imageAt({0, 1, 0}, {0, 0, 0}, {1, notANumber, 0}),             //
              imageAt({0, infinity, 0}, {0, 0, 0}, {1, 0, 0}),               //
              imageAt({0, 1, 0}, {-infinity, 0, 0}, {1, 0, 0}),              //
              imageAt({0, 1, infinity}, {0, 0, infinity}, {1, 0, infinity}), //

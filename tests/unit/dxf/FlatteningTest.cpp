@@ -13,12 +13,6 @@ namespace {
 const MathVector3d alongX(1, 0, 0);
 const MathVector3d upwards(0, 0, 1);
 
-// U is x and V is z: a wall that faces the negative y direction.
-ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
-    const TripleDouble& corner = leftBottom;
-    return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});
-}
-
 ImageParam flattened(const ImageParam& image, const ReferencePlane& plane) {
     return Flattening(plane).image(DxfImageObj(image)).getImageParam();
 }
@@ -27,7 +21,7 @@ std::array<DxfLineObj, 6> flattenedFrame(const ImageParam& image, const Referenc
     return Flattening(plane).frameLines(DxfImageObj(image));
 }
 
-void expectPoint(const MathPoint3d& actual, const MathPoint3d& expected) {
+void expectAt(const MathPoint3d& actual, const MathPoint3d& expected) {
     EXPECT_NEAR(distance(actual, expected), 0.0, 1e-12) << actual.x << ", " << actual.y << ", " << actual.z;
 }
 
@@ -35,12 +29,12 @@ void expectPoint(const MathPoint3d& actual, const MathPoint3d& expected) {
 
 TEST(Flattening, YReadsAsHeight) {
     const ReferencePlane plane{{0, 0, 10}, alongX, upwards};
-    const ImageParam flat = flattened(wall({2, 0, 13}, 4, 2), plane);
-    expectPoint(flat.getLeftBottomCorner(), {2, 13, 0});
-    expectPoint(flat.getRightTopCorner(), {6, 15, 0});
-    const auto frame = flattenedFrame(wall({2, 0, 13}, 4, 2), plane);
-    expectPoint(frame[0].createSection(Handle{}).start, {2, 13, 0});
-    expectPoint(frame[0].createSection(Handle{}).end, {6, 13, 0});
+    const ImageParam flat = flattened(wallImage({2, 0, 13}, 4, 2), plane);
+    expectAt(flat.getLeftBottomCorner(), {2, 13, 0});
+    expectAt(flat.getRightTopCorner(), {6, 15, 0});
+    const auto frame = flattenedFrame(wallImage({2, 0, 13}, 4, 2), plane);
+    expectAt(frame[0].createSection(Handle{}).start, {2, 13, 0});
+    expectAt(frame[0].createSection(Handle{}).end, {6, 13, 0});
 }
 
 TEST(Flattening, FrameLiesOnItsPicture) {
@@ -49,28 +43,28 @@ TEST(Flattening, FrameLiesOnItsPicture) {
         {{1, 13, 0}, {41, 13, 0}}, {{1, 13, 0}, {1, 33, 0}},  {{41, 13, 0}, {41, 33, 0}},
         {{1, 33, 0}, {41, 33, 0}}, {{-1, 13, 0}, {0, 13, 0}}, {{1, 11, 0}, {1, 12, 0}},
     };
-    const auto frame = flattenedFrame(wall({2, 7, 13}, 40, 20), plane);
+    const auto frame = flattenedFrame(wallImage({2, 7, 13}, 40, 20), plane);
     for (std::size_t i = 0; i < frame.size(); ++i) {
-        expectPoint(frame[i].createSection(Handle{}).start, expected[i][0]);
-        expectPoint(frame[i].createSection(Handle{}).end, expected[i][1]);
+        expectAt(frame[i].createSection(Handle{}).start, expected[i][0]);
+        expectAt(frame[i].createSection(Handle{}).end, expected[i][1]);
     }
-    const ImageParam flat = flattened(wall({2, 7, 13}, 40, 20), plane);
-    expectPoint(flat.getLeftBottomCorner(), expected[0][0]);
-    expectPoint(flat.getRightTopCorner(), expected[3][1]);
+    const ImageParam flat = flattened(wallImage({2, 7, 13}, 40, 20), plane);
+    expectAt(flat.getLeftBottomCorner(), expected[0][0]);
+    expectAt(flat.getRightTopCorner(), expected[3][1]);
 }
 
 TEST(Flattening, OriginMovesXAndOnlyItsHeightIsGivenBack) {
-    expectPoint(
-        flattened(wall({102, 205, 13}, 4, 2), {{100, 200, 10}, alongX, upwards}).getLeftBottomCorner(),
+    expectAt(
+        flattened(wallImage({102, 205, 13}, 4, 2), {{100, 200, 10}, alongX, upwards}).getLeftBottomCorner(),
         {2, 13, -5});
     // The height of the origin goes to y, whatever the axes.
-    expectPoint(flattened(levelImage({102, 205, 13}, 4, 2), {{100, 200, 10}, alongX, {0, 1, 0}})
-                    .getLeftBottomCorner(),
-                {2, 15, 3});
+    expectAt(flattened(levelImage({102, 205, 13}, 4, 2), {{100, 200, 10}, alongX, {0, 1, 0}})
+                 .getLeftBottomCorner(),
+             {2, 15, 3});
 }
 
 TEST(Flattening, LengthOfTheAxesDoesNotMatter) {
-    const ImageParam image = wall({2, 0, 13}, 4, 2);
+    const ImageParam image = wallImage({2, 0, 13}, 4, 2);
     const ReferencePlane unit{{0, 0, 10}, alongX, upwards};
     const ReferencePlane scaled{{0, 0, 10}, {4, 0, 0}, {0, 0, 0.125}};
     EXPECT_EQ(MathPoint3d(flattened(image, scaled).getLeftBottomCorner()),
@@ -83,15 +77,15 @@ TEST(Flattening, LinesKeepYAndZOfTheirOwnImage) {
     // The level image stands on edge in the flattened drawing, its frame keeps its shape.
     const ReferencePlane plane{{0, 0, 0}, alongX, upwards};
     const ImageParam flat = flattened(levelImage({1, 2, 3}, 4, 2), plane);
-    expectPoint(flat.getLeftBottomCorner(), {1, 3, -2});
-    expectPoint(flat.getRightTopCorner(), {5, 3, -4});
+    expectAt(flat.getLeftBottomCorner(), {1, 3, -2});
+    expectAt(flat.getRightTopCorner(), {5, 3, -4});
     const auto frame = flattenedFrame(levelImage({1, 2, 3}, 4, 2), plane);
-    expectPoint(frame[0].createSection(Handle{}).start, {1, 2, 3});
-    expectPoint(frame[0].createSection(Handle{}).end, {5, 2, 3});
+    expectAt(frame[0].createSection(Handle{}).start, {1, 2, 3});
+    expectAt(frame[0].createSection(Handle{}).end, {5, 2, 3});
 }
 
 TEST(Flattening, KeepsWhatIsNoPlace) {
-    ImageParam image = wall({2, 0, 13}, 4, 2);
+    ImageParam image = wallImage({2, 0, 13}, 4, 2);
     image.setImagePath(L"C:\\site\\south.png");
     image.setNumberPixelPerUnit(77);
     image.setDrawingUnit(Feet);

@@ -89,15 +89,15 @@ Record record(const char* name, const Section& section) {
 }
 
 const ImageParam image = levelImage({1, 2, 3}, 4, 5);
-constexpr ImageHandles handles{Handle{1}, Handle{2}, Handle{3}};
+constexpr ImageHandles firstHandles{Handle{1}, Handle{2}, Handle{3}};
 
 std::vector<Record> records() {
     return {
-        record<DxfSectionImageEntity>("IMAGE", {image, handles}),
-        record<DxfSectionObjects_IMAGEDEF>("IMAGEDEF", {image, handles}),
-        record("IMAGEDEF_REACTOR", DxfSectionObjects_IMAGEDEFREACTOR(handles)),
+        record<DxfSectionImageEntity>("IMAGE", {image, firstHandles}),
+        record<DxfSectionObjects_IMAGEDEF>("IMAGEDEF", {image, firstHandles}),
+        record("IMAGEDEF_REACTOR", DxfSectionObjects_IMAGEDEFREACTOR(firstHandles)),
         record("DICTIONARY", DxfSectionObjects_DICTIONARY()),
-        record<DxfSectionObjects_DICTIONARYEntry>("DICTIONARY_ENTRY", {image, handles}),
+        record<DxfSectionObjects_DICTIONARYEntry>("DICTIONARY_ENTRY", {image, firstHandles}),
         record<DxfSectionClass_INSTANCE>("CLASS", DxfSectionClass_IMAGE(7)),
         record<DxfSectionLineEntity>("LINE", {{1, 2, 3}, {4, 5, 6}, Handle{4}}),
         record<DxfSectionTable_VPORT>("VPORT", {{0, 0, 1}, {1, 2, 3}, 4, 5, 6}),

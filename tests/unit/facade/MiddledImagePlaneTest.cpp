@@ -23,12 +23,6 @@ Drawing drawingOf(std::initializer_list<ImageParam> images) {
     return drawing;
 }
 
-// U is x and V is z: a wall that faces the negative y direction.
-ImageParam wall(const TripleDouble& leftBottom, double width, double height) {
-    const TripleDouble& corner = leftBottom;
-    return imageAt({corner.x, corner.y, corner.z + height}, corner, {corner.x + width, corner.y, corner.z});
-}
-
 void expectPlane(const ReferencePlane& plane, const MathPoint3d& origin, const MathVector3d& xAxis,
                  const MathVector3d& yAxis) {
     EXPECT_NEAR(distance(plane.origin, origin), 0.0, 1e-9)
@@ -42,7 +36,7 @@ void expectPlane(const ReferencePlane& plane, const MathPoint3d& origin, const M
 } // namespace
 
 TEST(MiddledImagePlane, OfOneImageIsItsOwn) {
-    const ReferencePlane plane = middledImagePlane(drawingOf({wall({1, 2, 3}, 4, 2)}));
+    const ReferencePlane plane = middledImagePlane(drawingOf({wallImage({1, 2, 3}, 4, 2)}));
     EXPECT_EQ(plane.origin, MathPoint3d(1, 2, 3));
     EXPECT_EQ(plane.xAxis, MathVector3d(1, 0, 0));
     EXPECT_EQ(plane.yAxis, MathVector3d(0, 0, 1));
@@ -50,15 +44,15 @@ TEST(MiddledImagePlane, OfOneImageIsItsOwn) {
 
 TEST(MiddledImagePlane, OriginIsTheCornerFurthestToTheLeft) {
     const ReferencePlane plane =
-        middledImagePlane(drawingOf({wall({3, 5, 1}, 4, 2), wall({-6, 5, 2}, 4, 2)}));
+        middledImagePlane(drawingOf({wallImage({3, 5, 1}, 4, 2), wallImage({-6, 5, 2}, 4, 2)}));
     expectPlane(plane, {-6, 5, 2}, {1, 0, 0}, {0, 0, 1});
 }
 
 TEST(MiddledImagePlane, EarlierImageWinsAmongEqual) {
-    expectPlane(middledImagePlane(drawingOf({wall({3, 5, 8}, 4, 2), wall({3, 5, 1}, 4, 2)})), {3, 5, 8},
-                {1, 0, 0}, {0, 0, 1});
-    expectPlane(middledImagePlane(drawingOf({wall({3, 5, 1}, 4, 2), wall({3, 5, 8}, 4, 2)})), {3, 5, 1},
-                {1, 0, 0}, {0, 0, 1});
+    expectPlane(middledImagePlane(drawingOf({wallImage({3, 5, 8}, 4, 2), wallImage({3, 5, 1}, 4, 2)})),
+                {3, 5, 8}, {1, 0, 0}, {0, 0, 1});
+    expectPlane(middledImagePlane(drawingOf({wallImage({3, 5, 1}, 4, 2), wallImage({3, 5, 8}, 4, 2)})),
+                {3, 5, 1}, {1, 0, 0}, {0, 0, 1});
 }
 
 TEST(MiddledImagePlane, LiesBetweenParallelImages) {
@@ -70,7 +64,7 @@ TEST(MiddledImagePlane, LiesBetweenParallelImages) {
 TEST(MiddledImagePlane, IsTheMeanOfTurnedImages) {
     // A level image and a wall with the same U: the plane leans by 45 degrees.
     const ReferencePlane plane =
-        middledImagePlane(drawingOf({levelImage({0, 0, 0}, 1, 1), wall({5, 0, 0}, 1, 1)}));
+        middledImagePlane(drawingOf({levelImage({0, 0, 0}, 1, 1), wallImage({5, 0, 0}, 1, 1)}));
     const double half = std::sqrt(0.5);
     expectPlane(plane, {0, 0, 0}, {1, 0, 0}, {0, half, half});
 }
@@ -88,8 +82,9 @@ TEST(MiddledImagePlane, YAxisIsAsLongAsTheSine) {
 }
 
 TEST(MiddledImagePlane, LosesNoDigitsFarFromZero) {
-    const ReferencePlane plane = middledImagePlane(drawingOf({wall({3512345.125, 5401234.5, 100.25}, 8, 4), //
-                                                              wall({3512341.125, 5401234.75, 100.5}, 2, 4)}));
+    const ReferencePlane plane =
+        middledImagePlane(drawingOf({wallImage({3512345.125, 5401234.5, 100.25}, 8, 4), //
+                                     wallImage({3512341.125, 5401234.75, 100.5}, 2, 4)}));
     EXPECT_EQ(plane.origin, MathPoint3d(3512341.125, 5401234.625, 100.5));
 }
 

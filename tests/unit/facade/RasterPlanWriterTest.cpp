@@ -30,7 +30,7 @@ private:
     TestFolder m_folder;
 
 protected:
-    RasterPlanWriter writer{wideText(utf8FromPath(path())).c_str()};
+    RasterPlanWriter writer{wideTextOf(utf8FromPath(path())).c_str()};
 };
 
 std::size_t occurrences(const std::string& text, const std::string& part) {
@@ -180,8 +180,8 @@ TEST_F(RasterPlanWriterFacade, WritesOfBothKindsMayFollowEachOther) {
 
 TEST(RasterPlanWriter, OutputThatCannotBeOpenedIsReported) {
     const TestFolder folder;
-    for (const std::wstring& path : {std::wstring(), wideText(utf8FromPath(folder.path())),
-                                     wideText(utf8FromPath(folder / "missing/plan.dxf"))}) {
+    for (const std::wstring& path : {std::wstring(), wideTextOf(utf8FromPath(folder.path())),
+                                     wideTextOf(utf8FromPath(folder / "missing/plan.dxf"))}) {
         RasterPlanWriter writer(path.c_str());
         EXPECT_EQ(writer.add(plan), RasterPlanWriter::Success);
         EXPECT_EQ(writer.create3DDxf(), RasterPlanWriter::CannotOpenOutput);

@@ -1,5 +1,7 @@
 #include "math/ArcTangent.h"
 
+#include "support/Numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -9,10 +11,9 @@
 #include <random>
 
 using rasterplan::arcTangent;
+using rasterplan::test::infinity;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 struct Angle {
     double y, x, expected;

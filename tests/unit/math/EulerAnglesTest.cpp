@@ -1,5 +1,7 @@
 #include "math/EulerAngles.h"
 
+#include "support/Numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,10 +11,9 @@
 #include <vector>
 
 using namespace rasterplan;
+using namespace rasterplan::test;
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
 
 // The rotation about axis 0, 1 or 2 that takes the axis behind it towards the one behind that.
 MathMatrix rotation(int axis, double angle) {

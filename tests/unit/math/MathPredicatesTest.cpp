@@ -1,17 +1,15 @@
 #include "math/MathPredicates.h"
 
+#include "support/Numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 using namespace rasterplan;
+using namespace rasterplan::test;
 
 namespace {
-
-constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double pi = 3.141592653589793;
 
 // In the xy plane, at an angle in degrees from the x axis.
 MathVector3d direction(double degrees) {
@@ -62,7 +60,7 @@ TEST(MathPredicates, ZeroVectorsHaveNoDirection) {
 }
 
 TEST(MathPredicates, WhatIsNotFiniteHasNoDirection) {
-    for (const double value : {noNumber, infinity, -infinity}) {
+    for (const double value : {notANumber, infinity, -infinity}) {
         EXPECT_FALSE(isPerpendicular({value, 0, 0}, {0, 1, 0})) << value;
         EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, value, 0})) << value;
         EXPECT_FALSE(isPerpendicular({1, 0, 0}, {0, 1, value})) << value;

@@ -22,7 +22,7 @@ using namespace rasterplan::test;
 namespace {
 
 std::wstring wide(const std::filesystem::path& path) {
-    return wideText(utf8FromPath(path));
+    return wideTextOf(utf8FromPath(path));
 }
 
 // Whether programs that this one starts have the file open too.

@@ -44,7 +44,7 @@ struct Sample : DxfSection<Sample> {
 };
 
 // A record that begins and ends with a text.
-struct Texts : DxfSection<Texts> {
+struct TextRecord : DxfSection<TextRecord> {
     std::wstring_view first;
     std::wstring_view last;
 
@@ -78,7 +78,7 @@ std::string rendered(const Section& section) {
 }
 
 std::string rendered(std::wstring_view first, std::wstring_view last) {
-    Texts section;
+    TextRecord section;
     section.first = first;
     section.last = last;
     return rendered(section);

@@ -6,17 +6,17 @@ using namespace rasterplan;
 
 namespace {
 
-struct Sample {
+struct PairSample {
     double size;
 };
-using SamplePair = Pair<Sample>;
+using SamplePair = Pair<PairSample>;
 
 } // namespace
 
 TEST(Pair, IsCompleteWithCodeValueAndBothKeys) {
     EXPECT_TRUE((SamplePair{"0", "LINE", L"#VEXO_A#", L"#VEXO_B#"}.isComplete()));
     EXPECT_TRUE((SamplePair{"1071", "", L"#VEXO_A#", L"#VEXO_B#"}.isComplete()));
-    EXPECT_TRUE((SamplePair{"40", &Sample::size, L"#VEXO_A#", L"#VEXO_B2#"}.isComplete()));
+    EXPECT_TRUE((SamplePair{"40", &PairSample::size, L"#VEXO_A#", L"#VEXO_B2#"}.isComplete()));
 }
 
 TEST(Pair, IsIncompleteWhereSomethingIsMissingOrInAnothersPlace) {
@@ -34,18 +34,18 @@ TEST(Pair, IsIncompleteWhereSomethingIsMissingOrInAnothersPlace) {
 }
 
 TEST(PairValue, OfAConstantIsTheSameUnfilled) {
-    constexpr PairValue<Sample> value = "LINE";
+    constexpr PairValue<PairSample> value = "LINE";
     EXPECT_TRUE(value.isConstant());
     EXPECT_EQ(value.unfilled, "LINE");
-    constexpr PairValue<Sample> other = {"1", ""};
+    constexpr PairValue<PairSample> other = {"1", ""};
     EXPECT_TRUE(other.isConstant());
     EXPECT_EQ(other.unfilled, "");
 }
 
 TEST(PairValue, OfAMemberIsEmptyUnfilledUnlessGiven) {
-    constexpr PairValue<Sample> value = &Sample::size;
+    constexpr PairValue<PairSample> value = &PairSample::size;
     EXPECT_FALSE(value.isConstant());
     EXPECT_EQ(value.unfilled, "");
-    constexpr PairValue<Sample> given = {&Sample::size, "10.0"};
+    constexpr PairValue<PairSample> given = {&PairSample::size, "10.0"};
     EXPECT_EQ(given.unfilled, "10.0");
 }

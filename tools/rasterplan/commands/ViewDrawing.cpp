@@ -1,6 +1,7 @@
 #include "commands/ViewDrawing.h"
 
 #include "base/Failure.h"
+#include "base/Files.h"
 #include "base/Notices.h"
 #include "base/PathText.h"
 #include "base/Progress.h"
@@ -23,11 +24,6 @@ namespace {
 
 fs::path pageOf(const ViewDrawing& command) {
     return command.page.empty() ? fs::path(command.drawing).replace_extension(".html") : command.page;
-}
-
-bool isSameFile(const fs::path& a, const fs::path& b) {
-    std::error_code ignored;
-    return fs::equivalent(a, b, ignored);
 }
 
 // Finds the pictures of a drawing for a page and warns of those that it cannot show.

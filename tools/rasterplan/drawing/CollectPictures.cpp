@@ -1,6 +1,7 @@
 #include "drawing/CollectPictures.h"
 
 #include "base/Failure.h"
+#include "base/Files.h"
 #include "base/LetterCase.h"
 #include "base/PathText.h"
 #include "base/Resources.h"
@@ -16,13 +17,6 @@ namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
 namespace {
-
-bool isFile(const fs::path& path) {
-    std::error_code error;
-    const bool isThere = fs::is_regular_file(path, error);
-    throwIfExhausted(error);
-    return isThere;
-}
 
 bool holdSameBytes(const fs::path& a, const fs::path& b) {
     std::error_code ignored;

@@ -1,5 +1,6 @@
 #include "picture/WorldFile.h"
 
+#include "base/Files.h"
 #include "base/LetterCase.h"
 #include "base/NumberText.h"
 #include "base/PathText.h"
@@ -53,13 +54,6 @@ constexpr std::array<Endings, 6> knownEndings{{
     {".tiff", {".tfw", ".tiffw", ".wld"}},
     {".bmp", {".bpw", ".bmpw", ".wld"}},
 }};
-
-bool isFile(const fs::path& path) {
-    std::error_code error;
-    const bool isThere = fs::is_regular_file(path, error);
-    throwIfExhausted(error);
-    return isThere;
-}
 
 } // namespace
 

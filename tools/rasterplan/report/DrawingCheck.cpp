@@ -1,6 +1,7 @@
 #include "report/DrawingCheck.h"
 
 #include "reader/DxfPointers.h"
+#include "report/PixelTolerance.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,6 @@ namespace rasterplan_tool {
 namespace {
 
 constexpr std::array<std::string_view, 3> imageClasses = {"IMAGE", "IMAGEDEF", "IMAGEDEF_REACTOR"};
-constexpr double pixelTolerance = 0.5;
 
 // Bits of the code 70 of an IMAGE, and of a LAYER.
 constexpr int shown = 1;

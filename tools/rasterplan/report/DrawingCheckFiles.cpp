@@ -7,6 +7,7 @@
 #include "picture/PictureHeader.h"
 #include "reader/DxfPointers.h"
 #include "reader/DxfText.h"
+#include "report/PixelTolerance.h"
 
 #include <algorithm>
 #include <array>
@@ -21,8 +22,6 @@ namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
 namespace {
-
-constexpr double pixelTolerance = 0.5;
 
 // Whether a path begins with a drive or a computer of Windows, and this is not Windows.
 bool isOfAnotherSystem(std::string_view name) {

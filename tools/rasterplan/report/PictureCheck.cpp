@@ -1,8 +1,10 @@
 #include "report/PictureCheck.h"
 
+#include "base/Files.h"
 #include "base/LetterCase.h"
 #include "base/NumberText.h"
 #include "base/PathText.h"
+#include "report/PixelTolerance.h"
 #include "site/UnitNames.h"
 
 #include <algorithm>
@@ -20,8 +22,6 @@ namespace fs = std::filesystem;
 
 namespace rasterplan_tool {
 namespace {
-
-constexpr double pixelTolerance = 0.5;
 
 bool agrees(std::uint32_t pixels, double expected) {
     return std::abs(pixels - expected) <= pixelTolerance;
@@ -110,11 +110,6 @@ struct SharedFile {
     fs::path path;
     std::vector<std::size_t> images;
 };
-
-bool isSameFile(const fs::path& a, const fs::path& b) {
-    std::error_code ignored;
-    return a == b || fs::equivalent(a, b, ignored);
-}
 
 // The files under one name, in the order of their first images.
 using SharedName = std::vector<SharedFile>;

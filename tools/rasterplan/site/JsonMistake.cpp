@@ -11,11 +11,11 @@
 namespace rasterplan_tool {
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view jsonBlanks = " \t\r\n";
 constexpr std::string_view marks = "{}[],:";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-// A word is what stands between blanks and marks: a number, or whatever the user took for one.
+// A word is what stands between jsonBlanks and marks: a number, or whatever the user took for one.
 enum class Kind { None, Mark, Text, Word };
 
 constexpr std::string_view notUtf8 = "the file is not UTF-8; save it as UTF-8 in the editor";
@@ -64,7 +64,7 @@ Token tokenAt(std::string_view text, std::size_t begin) {
     if (text[begin] == '"')
         return {Kind::Text, text.substr(begin, endOfText(text, begin) - begin)};
     std::size_t end = begin;
-    while (end < text.size() && blanks.find(text[end]) == std::string_view::npos &&
+    while (end < text.size() && jsonBlanks.find(text[end]) == std::string_view::npos &&
            marks.find(text[end]) == std::string_view::npos && text[end] != '"')
         ++end;
     return {Kind::Word, text.substr(begin, end - begin)};
@@ -77,7 +77,7 @@ public:
         : m_text(text) {
         std::size_t begin = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
         for (;;) {
-            begin = std::min(text.find_first_not_of(blanks, begin), text.size());
+            begin = std::min(text.find_first_not_of(jsonBlanks, begin), text.size());
             wrong = tokenAt(text, begin);
             wrong.isName = wrong.kind == Kind::Text && open() == '{' && before.isMark("{,");
             const std::size_t end = begin + wrong.text.size();

@@ -33,7 +33,7 @@ ManifestImage readImage(const fs::path& file, const JsonValue& value, std::size_
     return image;
 }
 
-std::string readFile(const fs::path& file) {
+std::string textOfManifest(const fs::path& file) {
     std::error_code ignored;
     if (!fs::exists(file, ignored))
         throw BadInput(quoted(file) + ": there is no such file; check the path of SITE.json");
@@ -74,7 +74,7 @@ fs::path Manifest::fileBeside(std::string_view path) const {
 }
 
 Manifest readManifest(const fs::path& file) {
-    return parseManifest(readFile(file), file);
+    return parseManifest(textOfManifest(file), file);
 }
 
 Manifest parseManifest(std::string_view text, const fs::path& file) {

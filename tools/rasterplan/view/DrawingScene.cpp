@@ -46,7 +46,7 @@ std::string_view symbolOf(double insunits) {
     return isUnit ? unitName(static_cast<DrawingUnit>(static_cast<int>(insunits))) : std::string_view();
 }
 
-std::string readFile(const fs::path& file) {
+std::string textOfDrawing(const fs::path& file) {
     std::optional<std::string> text = readFileBytes(file);
     if (!text) {
         throw BadInput(quoted(file) +
@@ -63,7 +63,7 @@ class SceneReader {
 public:
     explicit SceneReader(const fs::path& file)
         : m_name(quoted(file))
-        , m_records(recordsOf(readFile(file))) {}
+        , m_records(recordsOf(textOfDrawing(file))) {}
 
     DrawingScene read() {
         for (const DxfRecord& record : m_records)
