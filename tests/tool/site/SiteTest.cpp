@@ -20,7 +20,7 @@ Site siteOfOne() {
 }
 
 template <typename Expected, typename Work>
-std::string failureOfWork(const Work& work) {
+std::string failureOf(const Work& work) {
     try {
         work();
     } catch (const Expected& failure) {
@@ -34,7 +34,7 @@ std::string failureOfWork(const Work& work) {
 TEST(Site, SideWithoutALengthIsNamed) {
     Site site = siteOfOne();
     site.places[0].rightBottom = site.places[0].leftBottom;
-    const std::string text = failureOfWork<BadInput>([&] { makeImages(site, {L"a.png"}); });
+    const std::string text = failureOf<BadInput>([&] { makeImages(site, {L"a.png"}); });
     EXPECT_NE(text.find("image 1 (\"a.png\"): a side of the image has no length"), std::string::npos) << text;
 }
 
@@ -45,11 +45,10 @@ TEST(Site, OtherResultsThanAWrongShapeEndTheExport) {
     const RasterPlanWriter taken(std::move(drawing));
     // A facade that was moved from answers UnexpectedFailure.
     // NOLINTNEXTLINE(bugprone-use-after-move)
-    const std::string adding =
-        failureOfWork<ExportFailed>([&] { addImages(drawing, site.manifest, images); });
+    const std::string adding = failureOf<ExportFailed>([&] { addImages(drawing, site.manifest, images); });
     EXPECT_NE(adding.find("the memory ran out or the system's file functions failed"), std::string::npos)
         << adding;
-    const std::string proposing = failureOfWork<ExportFailed>([&] { proposePlane(drawing); });
+    const std::string proposing = failureOf<ExportFailed>([&] { proposePlane(drawing); });
     EXPECT_NE(proposing.find("the memory ran out or the system's file functions failed"), std::string::npos)
         << proposing;
 }
