@@ -15,6 +15,7 @@ import os
 import shlex
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 TOGETHER = 12  # more cost memory and bring little
@@ -52,8 +53,6 @@ class BuildTree:
         self.commands = {}
         for entry in json.loads((self.build / "compile_commands.json").read_text(encoding="utf-8")):
             self.commands.setdefault(Path(entry["file"]), command_of(entry))
-        self.folder = self.build / "together"
-        self.folder.mkdir(exist_ok=True)
 
     def batches(self, sources):
         """The sources in lists of those that share a compiler's arguments and rules."""
@@ -68,13 +67,14 @@ class BuildTree:
         """What clang-tidy says of the sources, or nothing."""
         if len(sources) == 1:
             return run_tidy(*self.rules, "-p", self.build, sources[0])
-        text = self.folder / f"{abs(hash(tuple(sources)))}.cpp"
-        # A macro makes the check of repeated includes begin anew.
-        text.write_text("".join(f"#define SOURCE_{number}\n{source.read_text(encoding='utf-8')}\n"
-                                for number, source in enumerate(sources)), encoding="utf-8")
         beside = [f"-iquote{folder}" for folder in sorted({source.parent for source in sources})]
-        found = run_tidy(f"--config-file={rules_for(sources[0])}", text, "--", *self.commands[sources[0]], *beside, "-w")
-        text.unlink()
+        with tempfile.NamedTemporaryFile("w", suffix=".cpp", dir=self.build, encoding="utf-8") as text:
+            for number, source in enumerate(sources):
+                # A macro makes the check of repeated includes begin anew.
+                text.write(f"#define SOURCE_{number}\n{source.read_text(encoding='utf-8')}\n")
+            text.flush()
+            found = run_tidy(f"--config-file={rules_for(sources[0])}", text.name, "--", *self.commands[sources[0]], *beside,
+                             "-w")
         middle = len(sources) // 2
         return found and self.findings(sources[:middle]) + self.findings(sources[middle:])
 
